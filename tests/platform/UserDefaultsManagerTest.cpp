@@ -1,0 +1,60 @@
+#include <gtest/gtest.h>
+
+#include <QFile>
+#include <QTemporaryDir>
+
+#include "platform/UserDefaultsManager.h"
+
+namespace {
+
+class UserDefaultsManagerTest : public testing::Test {
+protected:
+    QString settingsFile() const { return dir_.filePath(QStringLiteral("Orvale.ini")); }
+
+    QByteArray fileContents() const {
+        QFile file(settingsFile());
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+
+private:
+    QTemporaryDir dir_;
+};
+
+}  // namespace
+
+TEST_F(UserDefaultsManagerTest, AFirstRunReadsNothingSet) {
+    const UserDefaultsManager defaults(settingsFile());
+    EXPECT_FALSE(defaults.shouldUseV2());
+    EXPECT_FALSE(defaults.uid().has_value());
+}
+
+TEST_F(UserDefaultsManagerTest, EachChangeReachesTheDiskAndTheNextRun) {
+    for (const bool value : {true, false, true}) {
+        SCOPED_TRACE(value);
+        UserDefaultsManager defaults(settingsFile());
+        defaults.setShouldUseV2(value);
+        EXPECT_EQ(defaults.shouldUseV2(), value);
+        // Written through while the first instance is still alive, not only on destruction.
+        EXPECT_TRUE(fileContents().contains(value ? "shouldUseV2=true" : "shouldUseV2=false"));
+
+        EXPECT_EQ(UserDefaultsManager(settingsFile()).shouldUseV2(), value);
+    }
+}
+
+TEST_F(UserDefaultsManagerTest, ReadsValuesSetFromOutside) {
+    {
+        QSettings outside(settingsFile(), QSettings::IniFormat);
+        outside.setValue(QStringLiteral("shouldUseV2"), true);
+        outside.setValue(QStringLiteral("uid"), QStringLiteral("a1b2"));
+    }
+    const UserDefaultsManager defaults(settingsFile());
+    EXPECT_TRUE(defaults.shouldUseV2());
+    EXPECT_EQ(defaults.uid(), QStringLiteral("a1b2"));
+}
+
+TEST(UserDefaultsManager, TheSharedInstanceIsTheApplicationsStore) {
+    UserDefaultsManager& shared = UserDefaultsManager::sharedInstance();
+    EXPECT_EQ(&shared, &UserDefaultsManager::sharedInstance());
+    EXPECT_EQ(shared.settings().organizationName(), QStringLiteral("brightfold"));
+    EXPECT_EQ(shared.settings().applicationName(), QStringLiteral("Orvale"));
+}
