@@ -18,7 +18,8 @@ public:
     static bool boolForKey(const QJsonObject& object, const QString& key);
     // The number itself, or a valid-number string's double value; nullopt otherwise.
     static std::optional<double> numberForKey(const QJsonObject& object, const QString& key);
-    static std::optional<QJsonObject> dictionaryForKey(const QJsonObject& object, const QString& key);
+    static std::optional<QJsonObject> dictionaryForKey(const QJsonObject& object,
+                                                       const QString& key);
     static std::optional<QJsonArray> arrayForKey(const QJsonObject& object, const QString& key);
     static bool hasValidObjectForKey(const QJsonObject& object, const QString& key);
 

@@ -1,0 +1,100 @@
+#include <gtest/gtest.h>
+
+#include <QJsonValue>
+#include <limits>
+
+#include "model/ConvenienceMethods.h"
+#include "model/NumberScanner.h"
+
+namespace {
+
+struct NumericText {
+    const char* text;
+    bool valid;
+};
+
+void PrintTo(const NumericText& row, std::ostream* out) { *out << '"' << row.text << '"'; }
+
+class IsValidNumber : public testing::TestWithParam<NumericText> {};
+
+TEST_P(IsValidNumber, FollowsTheRealThenIntegerRule) {
+    const QString text = QString::fromUtf8(GetParam().text);
+    EXPECT_EQ(ConvenienceMethods::isValidNumber(text), GetParam().valid) << GetParam().text;
+    EXPECT_EQ(ConvenienceMethods::isValidNumber(QJsonValue(text)), GetParam().valid);
+}
+
+INSTANTIATE_TEST_SUITE_P(Texts, IsValidNumber,
+                         testing::Values(NumericText{"12", true}, NumericText{" 3.5 ", true},
+                                         NumericText{"-7", true}, NumericText{"1e3", true},
+                                         NumericText{"1.5 2", true}, NumericText{"\n4\t\r\n", true},
+                                         NumericText{"+.5", true}, NumericText{"5.", true},
+                                         NumericText{"2E-3", true}, NumericText{"12abc", false},
+                                         NumericText{"", false}, NumericText{"abc", false},
+                                         NumericText{"   ", false}, NumericText{".", false},
+                                         NumericText{"-", false}, NumericText{"1e", false},
+                                         NumericText{"1.5 2.5", false}, NumericText{"1 2 3", false},
+                                         NumericText{"0x10", false}, NumericText{"1,5", false},
+                                         NumericText{"- 1", false}));
+
+TEST(ConvenienceMethods, OnlyStringsCanBeValidNumbers) {
+    EXPECT_FALSE(ConvenienceMethods::isValidNumber(QJsonValue(3.5)));
+    EXPECT_FALSE(ConvenienceMethods::isValidNumber(QJsonValue(true)));
+    EXPECT_FALSE(ConvenienceMethods::isValidNumber(QJsonValue(QJsonValue::Null)));
+    EXPECT_FALSE(ConvenienceMethods::isValidNumber(QJsonValue(QJsonValue::Undefined)));
+}
+
+TEST(ConvenienceMethods, AMissingValueIsNeitherNullNorNotNull) {
+    struct Row {
+        QJsonValue value;
+        bool isNull;
+        bool notNull;
+    };
+    const Row rows[] = {{QJsonValue(QJsonValue::Null), true, false},
+                        {QJsonValue(QJsonValue::Undefined), false, false},
+                        {QJsonValue(0), false, true},
+                        {QJsonValue(QString()), false, true},
+                        {QJsonValue(false), false, true}};
+    for (const Row& row : rows) {
+        EXPECT_EQ(ConvenienceMethods::isNull(row.value), row.isNull) << row.value.type();
+        EXPECT_EQ(ConvenienceMethods::notNull(row.value), row.notNull) << row.value.type();
+    }
+}
+
+TEST(NumberScanner, LeadingValuesOfTexts) {
+    constexpr qint32 max = std::numeric_limits<qint32>::max();
+    constexpr qint32 min = std::numeric_limits<qint32>::min();
+    struct Row {
+        const char* text;
+        qint32 intValue;
+        double doubleValue;
+    };
+    const Row rows[] = {{" 3.5 ", 3, 3.5},
+                        {"1e3", 1, 1000.0},
+                        {"1.5 2", 1, 1.5},
+                        {"-2.5", -2, -2.5},
+                        {"abc", 0, 0.0},
+                        {"", 0, 0.0},
+                        {"\n 42x", 42, 42.0},
+                        {"99999999999", max, 99999999999.0},
+                        {"-99999999999", min, -99999999999.0},
+                        {"1e999", 1, HUGE_VAL},
+                        {"-1e-999", -1, -0.0}};
+    for (const Row& row : rows) {
+        const QString text = QString::fromUtf8(row.text);
+        EXPECT_EQ(NumberScanner::intValue(text), row.intValue) << row.text;
+        EXPECT_DOUBLE_EQ(NumberScanner::doubleValue(text), row.doubleValue) << row.text;
+    }
+}
+
+TEST(NumberScanner, AFailedScanLeavesThePositionAlone) {
+    const QString text = QStringLiteral("  7 x");
+    NumberScanner scanner(text);
+    ASSERT_EQ(scanner.scanInt(), 7);
+    EXPECT_EQ(scanner.location(), 3);
+    EXPECT_FALSE(scanner.scanDouble());
+    EXPECT_FALSE(scanner.scanInt());
+    EXPECT_EQ(scanner.location(), 3);
+    EXPECT_FALSE(scanner.isAtEnd());
+}
+
+}  // namespace
