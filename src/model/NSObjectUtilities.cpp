@@ -1,0 +1,3 @@
+#include "model/NSObjectUtilities.h"
+
+bool NSObjectUtilities::isEmptyString(const QString& text) { return text.isEmpty(); }

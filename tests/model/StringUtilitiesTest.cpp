@@ -1,0 +1,110 @@
+#include <gtest/gtest.h>
+
+#include "model/Contains.h"
+#include "model/NSObjectUtilities.h"
+#include "model/QtPrinters.h"
+#include "model/TrimmingAdditions.h"
+
+namespace {
+
+const QString kProgressLine = QStringLiteral(
+    "frame=  100 fps= 25 q=28.0 size=     256kB time=00:00:04.00 bitrate= 524.3kbits/s");
+
+TEST(Contains, ReadsTheTimeFieldOfAProgressLine) {
+    const qsizetype start = Contains::indexAtEndOfSubstring(kProgressLine, QStringLiteral("time="));
+    EXPECT_EQ(Contains::substringFromIndex(kProgressLine, start, QStringLiteral(" ")),
+              QStringLiteral("00:00:04.00"));
+}
+
+TEST(Contains, FindsTheFirstOccurrence) {
+    struct Row {
+        QString text;
+        QString substring;
+        qsizetype index;
+        qsizetype end;
+    };
+    const Row rows[] = {{"a=1 a=2", "a=", 0, 2},
+                        {"xa=1 a=2", "a=", 1, 3},
+                        {"abc", "abc", 0, 3},
+                        {"abc", "ABC", Contains::NotFound, Contains::NotFound},
+                        {"abc", "abcd", Contains::NotFound, Contains::NotFound},
+                        {"abc", "", Contains::NotFound, Contains::NotFound},
+                        {"", "a", Contains::NotFound, Contains::NotFound}};
+    for (const Row& row : rows) {
+        EXPECT_EQ(Contains::indexOfSubstring(row.text, row.substring), row.index)
+            << qPrintable(row.text);
+        EXPECT_EQ(Contains::indexAtEndOfSubstring(row.text, row.substring), row.end)
+            << qPrintable(row.text);
+        EXPECT_EQ(Contains::containsString(row.text, row.substring),
+                  row.index != Contains::NotFound);
+    }
+}
+
+TEST(Contains, CaseOptionsOnlyApplyWhenAsked) {
+    EXPECT_FALSE(Contains::containsString(QStringLiteral("Time=1"), QStringLiteral("time=")));
+    EXPECT_FALSE(Contains::containsString(QStringLiteral("Time=1"), QStringLiteral("time="),
+                                          Qt::CaseSensitive));
+    EXPECT_TRUE(Contains::containsString(QStringLiteral("Time=1"), QStringLiteral("time="),
+                                         Qt::CaseInsensitive));
+}
+
+TEST(Contains, SubstringFromIndexIsRobustAtTheEdges) {
+    struct Row {
+        qsizetype index;
+        QString separator;
+        QString expected;
+    };
+    const QString text = QStringLiteral("time=00:01 x");
+    const Row rows[] = {{5, " ", "00:01"},
+                        {5, ";", "00:01 x"},
+                        {5, "", "00:01 x"},
+                        {10, " ", ""},
+                        {11, " ", "x"},
+                        {12, " ", ""},
+                        {Contains::NotFound, " ", ""},
+                        {-1, " ", ""}};
+    for (const Row& row : rows) {
+        EXPECT_EQ(Contains::substringFromIndex(text, row.index, row.separator), row.expected)
+            << row.index;
+    }
+}
+
+TEST(TrimmingAdditions, TrimsOneEndOnly) {
+    struct Row {
+        QString text;
+        QString leading;
+        QString trailing;
+    };
+    const Row rows[] = {{" \n tag \t", "tag \t", " \n tag"},
+                        {"tag", "tag", "tag"},
+                        {"  ", "", ""},
+                        {"", "", ""},
+                        {"a b", "a b", "a b"}};
+    const auto set = &TrimmingAdditions::whitespaceAndNewlines;
+    for (const Row& row : rows) {
+        EXPECT_EQ(TrimmingAdditions::stringByTrimmingLeadingCharactersInSet(row.text, set),
+                  row.leading);
+        EXPECT_EQ(TrimmingAdditions::stringByTrimmingTrailingCharactersInSet(row.text, set),
+                  row.trailing);
+    }
+}
+
+TEST(TrimmingAdditions, TestsSixteenBitUnitsOneByOne) {
+    const QString smile = QString::fromUtf8("\xF0\x9F\x98\x80");  // one code point, two units
+    const auto highSurrogates = [](QChar c) { return c.isHighSurrogate(); };
+    const QString rest =
+        TrimmingAdditions::stringByTrimmingLeadingCharactersInSet(smile + "x", highSurrogates);
+    ASSERT_EQ(rest.size(), 2);
+    EXPECT_TRUE(rest[0].isLowSurrogate());
+
+    const auto digits = [](QChar c) { return c.isDigit(); };
+    EXPECT_EQ(TrimmingAdditions::stringByTrimmingTrailingCharactersInSet("v12a34", digits), "v12a");
+}
+
+TEST(NSObjectUtilities, NullAndEmptyTextsAreEmpty) {
+    EXPECT_TRUE(NSObjectUtilities::isEmptyString(QString()));
+    EXPECT_TRUE(NSObjectUtilities::isEmptyString(QStringLiteral("")));
+    EXPECT_FALSE(NSObjectUtilities::isEmptyString(QStringLiteral(" ")));
+}
+
+}  // namespace
