@@ -1,0 +1,5 @@
+#include "model/ErrorResponse.h"
+
+ErrorResponsePtr ErrorResponse::fromMessage(const QString& message) {
+    return std::make_shared<ErrorResponse>(message);
+}
