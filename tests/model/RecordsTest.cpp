@@ -104,14 +104,4 @@ TEST(File, SettingTheLocationMeasuresTheFile) {
     EXPECT_EQ(file.size, 0.0);
 }
 
-TEST(File, RecordsForTheSamePathAreDifferentEntries) {
-    const QUrl url = QUrl::fromLocalFile(QStringLiteral("/nonexistent/clip.mov"));
-    const FilePtr first = std::make_shared<File>(url);
-    const FilePtr second = std::make_shared<File>(url);
-    FileList queue{first, second};
-    queue.removeAll(first);
-    ASSERT_EQ(queue.size(), 1);
-    EXPECT_EQ(queue.first(), second);
-}
-
 }  // namespace

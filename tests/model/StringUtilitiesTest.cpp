@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include "model/Contains.h"
-#include "model/NSObjectUtilities.h"
 #include "model/QtPrinters.h"
 #include "model/TrimmingAdditions.h"
 
@@ -99,12 +98,6 @@ TEST(TrimmingAdditions, TestsSixteenBitUnitsOneByOne) {
 
     const auto digits = [](QChar c) { return c.isDigit(); };
     EXPECT_EQ(TrimmingAdditions::stringByTrimmingTrailingCharactersInSet("v12a34", digits), "v12a");
-}
-
-TEST(NSObjectUtilities, NullAndEmptyTextsAreEmpty) {
-    EXPECT_TRUE(NSObjectUtilities::isEmptyString(QString()));
-    EXPECT_TRUE(NSObjectUtilities::isEmptyString(QStringLiteral("")));
-    EXPECT_FALSE(NSObjectUtilities::isEmptyString(QStringLiteral(" ")));
 }
 
 }  // namespace
