@@ -1,0 +1,96 @@
+#include "support/ServiceProcess.h"
+
+#include <QDeadlineTimer>
+#include <QFile>
+#include <QJsonDocument>
+#include <QRegularExpression>
+
+ServiceProcess::ServiceProcess(const QStringList& extraArguments) {
+    const QStringList arguments = QStringList{"--port",    "0",
+                                              "--record",  folder_.filePath("requests.jsonl"),
+                                              "--uploads", uploadDirectory()} +
+                                  extraArguments;
+    process_.setStandardErrorFile(folder_.filePath("stderr.txt"));
+    process_.start(QStringLiteral(ORVALE_SERVICE_PATH), arguments);
+    if (!waitForPort(10000)) {
+        error_ += QStringLiteral(" ") + diagnostics();
+    }
+}
+
+ServiceProcess::~ServiceProcess() {
+    if (process_.state() == QProcess::NotRunning) {
+        return;
+    }
+    process_.terminate();
+    if (!process_.waitForFinished(3000)) {
+        process_.kill();
+        process_.waitForFinished(3000);
+    }
+}
+
+bool ServiceProcess::waitForPort(int timeoutMs) {
+    if (!process_.waitForStarted(timeoutMs)) {
+        error_ = QStringLiteral("orvale-service did not start: %1").arg(process_.errorString());
+        return false;
+    }
+    const QDeadlineTimer deadline(timeoutMs);
+    while (!process_.canReadLine()) {
+        if (!process_.waitForReadyRead(static_cast<int>(deadline.remainingTime()))) {
+            error_ = QStringLiteral("orvale-service did not tell its port");
+            return false;
+        }
+    }
+    const QString line = QString::fromUtf8(process_.readLine()).trimmed();
+    static const QRegularExpression pattern(
+        QStringLiteral("^listening on 127\\.0\\.0\\.1:(\\d+)$"));
+    const auto match = pattern.match(line);
+    if (!match.hasMatch()) {
+        error_ = QStringLiteral("unexpected first line from orvale-service: %1").arg(line);
+        return false;
+    }
+    port_ = match.captured(1).toInt();
+    return true;
+}
+
+QString ServiceProcess::host() const { return QStringLiteral("127.0.0.1:%1").arg(port_); }
+
+QString ServiceProcess::baseUrl() const { return QStringLiteral("http://") + host(); }
+
+QList<QJsonObject> ServiceProcess::requests() const {
+    return readJsonLines(folder_.filePath("requests.jsonl"));
+}
+
+QList<QJsonObject> ServiceProcess::requestsTo(const QString& endpoint) const {
+    QList<QJsonObject> matching;
+    for (const QJsonObject& request : requests()) {
+        if (request.value("endpoint").toString() == endpoint) {
+            matching.append(request);
+        }
+    }
+    return matching;
+}
+
+QList<QJsonObject> ServiceProcess::uploads() const {
+    return readJsonLines(folder_.filePath("uploads/index.jsonl"));
+}
+
+QString ServiceProcess::uploadDirectory() const { return folder_.filePath("uploads"); }
+
+QString ServiceProcess::diagnostics() const {
+    QFile file(folder_.filePath("stderr.txt"));
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
+QList<QJsonObject> ServiceProcess::readJsonLines(const QString& path) {
+    QList<QJsonObject> lines;
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        return lines;
+    }
+    for (const QByteArray& line : file.readAll().split('\n')) {
+        if (!line.trimmed().isEmpty()) {
+            lines.append(QJsonDocument::fromJson(line).object());
+        }
+    }
+    return lines;
+}
