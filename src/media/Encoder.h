@@ -1,0 +1,60 @@
+#pragma once
+
+#include <QList>
+#include <QObject>
+#include <QPointer>
+#include <QProcess>
+
+#include "media/ProgressParser.h"
+
+#include "media/EncoderDelegate.h"
+#include "media/EncoderInterface.h"
+
+// Probes files with ffprobe and transcodes them with ffmpeg. Probes run on threads of their own
+// and touch nothing but the file they were given; every report reaches the delegate on the
+// thread that owns the encoder (the main thread).
+class Encoder : public QObject, public EncoderInterface {
+    Q_OBJECT
+
+public:
+    explicit Encoder(QObject* parent = nullptr);
+    ~Encoder() override;
+
+    void setDelegate(EncoderDelegate* delegate) { delegate_ = delegate; }
+    EncoderDelegate* delegate() const { return delegate_; }
+
+    void loadVideoDetailsForFile(const FilePtr& file) override;
+    void encodeFile(const FilePtr& file) override;
+    void encodeFiles(const FileList& files) override;
+    void stopEncoding() override;
+
+    // The work folder encodes are written to (created by the job manager, not here).
+    static QString workFolder();
+
+    bool isRunning() const { return encoderTask_ != nullptr; }
+    const FileList& encodeQueue() const { return encodeQueue_; }
+    double currentState() const { return currentState_; }
+
+    // Waits for stopped transcoder processes to end, killing those that take too long, so that
+    // their unfinished outputs can be removed safely.
+    void waitUntilStopped(int milliseconds = 5000);
+
+    // The full path of the helper to run ("ffprobe", "ffmpeg"), or empty when it is nowhere to
+    // be found; a missing helper is logged once per process.
+    static QString helperPath(const QString& baseName);
+
+private:
+    void reportDetailsLoaded(const FilePtr& file);
+    void onOutput();
+    void onProcessEnded();
+    void finishFile();
+    void detachTask();
+
+    EncoderDelegate* delegate_ = nullptr;
+    FileList encodeQueue_;
+    QProcess* encoderTask_ = nullptr;
+    QList<QPointer<QProcess>> stoppingTasks_;
+    ProgressParser progress_;
+    double currentState_ = 0;
+    quint64 runGeneration_ = 0;
+};

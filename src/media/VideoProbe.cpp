@@ -1,0 +1,98 @@
+#include "media/VideoProbe.h"
+
+#include <QHash>
+#include <QJsonDocument>
+#include <QProcess>
+#include <cmath>
+#include <mutex>
+
+#include "model/ValidObjects.h"
+
+namespace {
+
+constexpr double minimumVideoMilliseconds = 500;
+
+bool probeAcceptsShowFormatEntry(const QString& helperPath) {
+    QProcess process;
+    process.setProcessChannelMode(QProcess::MergedChannels);
+    process.start(helperPath, {QStringLiteral("-v"), QStringLiteral("quiet"), QStringLiteral("-show_format_entry"),
+                               QStringLiteral("duration"), QStringLiteral("-version")});
+    if (!process.waitForFinished(30000)) {
+        process.kill();
+        process.waitForFinished();
+        return false;
+    }
+    return process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0;
+}
+
+}  // namespace
+
+QStringList VideoProbe::arguments(const QString& filePath, bool acceptsShowFormatEntry) {
+    QStringList args{QStringLiteral("-v"), QStringLiteral("quiet"), QStringLiteral("-print_format"),
+                     QStringLiteral("json")};
+    if (acceptsShowFormatEntry) {
+        args << QStringLiteral("-show_format_entry") << QStringLiteral("duration");
+    } else {
+        args << QStringLiteral("-show_entries") << QStringLiteral("format=duration");
+    }
+    args << QStringLiteral("-show_streams") << filePath;
+    return args;
+}
+
+bool VideoProbe::acceptsShowFormatEntry(const QString& helperPath) {
+    // Probes run on many threads at once; the answer is shared by all of them.
+    static std::mutex mutex;
+    static QHash<QString, bool> answers;
+    std::lock_guard<std::mutex> guard(mutex);
+    const auto known = answers.constFind(helperPath);
+    if (known != answers.constEnd()) {
+        return *known;
+    }
+    const bool accepts = probeAcceptsShowFormatEntry(helperPath);
+    answers.insert(helperPath, accepts);
+    return accepts;
+}
+
+QByteArray VideoProbe::run(const QString& helperPath, const QStringList& arguments) {
+    QProcess process;
+    process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    process.setInputChannelMode(QProcess::ForwardedInputChannel);
+    process.start(helperPath, arguments, QIODevice::ReadOnly);
+    if (!process.waitForStarted()) {
+        return {};
+    }
+    process.waitForFinished(-1);
+    return process.readAllStandardOutput();
+}
+
+double VideoProbe::roundedMilliseconds(double seconds) {
+    return std::round(seconds * 100) / 100 * 1000;
+}
+
+void VideoProbe::applyAnswer(const QByteArray& answer, File& file) {
+    const QJsonDocument document = QJsonDocument::fromJson(answer);
+    if (!document.isObject()) {
+        file.isVideo = false;
+        return;
+    }
+    const QJsonObject root = document.object();
+    bool foundVideoStream = false;
+    const QJsonArray streams = ValidObjects::arrayForKey(root, QStringLiteral("streams")).value_or(QJsonArray());
+    for (const QJsonValue& value : streams) {
+        const QJsonObject stream = value.toObject();
+        if (ValidObjects::stringForKey(stream, QStringLiteral("codec_type")) != QStringLiteral("video")) {
+            continue;
+        }
+        auto detail = std::make_shared<VideoDetail>();
+        detail->duration = roundedMilliseconds(ValidObjects::doubleForKey(stream, QStringLiteral("duration")));
+        detail->width = ValidObjects::intForKey(stream, QStringLiteral("width"));
+        detail->height = ValidObjects::intForKey(stream, QStringLiteral("height"));
+        file.videoDetail = detail;
+        foundVideoStream = true;
+    }
+    const QJsonObject format = ValidObjects::dictionaryForKey(root, QStringLiteral("format")).value_or(QJsonObject());
+    if (file.videoDetail) {
+        file.videoDetail->duration = roundedMilliseconds(ValidObjects::doubleForKey(format, QStringLiteral("duration")));
+    }
+    file.isVideo = foundVideoStream && file.videoDetail->duration > minimumVideoMilliseconds;
+}

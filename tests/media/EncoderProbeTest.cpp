@@ -1,0 +1,159 @@
+#include <gtest/gtest.h>
+
+#include <QFileInfo>
+#include <QCoreApplication>
+#include <QThread>
+
+#include "media/Encoder.h"
+#include "support/EventLoop.h"
+#include "support/FakeHelper.h"
+#include "support/RecordingSink.h"
+#include "support/TestMedia.h"
+
+namespace {
+
+class ProbeRecorder : public EncoderDelegate {
+public:
+    void didFinishLoadingDetailsForFile(const FilePtr& file) override {
+        reported << file;
+        reportedOnMainThread = QThread::currentThread() == qApp->thread();
+    }
+    FileList reported;
+    bool reportedOnMainThread = false;
+};
+
+FilePtr probe(Encoder& encoder, const QString& path) {
+    auto file = std::make_shared<File>(QUrl::fromLocalFile(path));
+    encoder.loadVideoDetailsForFile(file);
+    return file;
+}
+
+struct ClipCase {
+    const char* name;
+    std::function<QString()> make;
+    bool isVideo;
+    double width;
+    double height;
+};
+
+class RealClips : public testing::TestWithParam<ClipCase> {};
+
+}  // namespace
+
+TEST_P(RealClips, AreProbedWithTheRealHelper) {
+    const ClipCase& c = GetParam();
+    Encoder encoder;
+    ProbeRecorder recorder;
+    encoder.setDelegate(&recorder);
+    const FilePtr file = probe(encoder, c.make());
+    EXPECT_EQ(file->isVideo, c.isVideo);
+    if (c.width > 0) {
+        ASSERT_TRUE(file->videoDetail);
+        EXPECT_EQ(file->videoDetail->width, c.width);
+        EXPECT_EQ(file->videoDetail->height, c.height);
+    } else {
+        EXPECT_FALSE(file->videoDetail);
+    }
+    ASSERT_TRUE(waitUntil([&] { return recorder.reported.size() == 1; }));
+    EXPECT_EQ(recorder.reported.first(), file);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Shapes, RealClips,
+    testing::Values(ClipCase{"Landscape16x9", [] { return TestMedia::video(640, 360, 1, true); }, true, 640, 360},
+                    ClipCase{"Portrait9x16", [] { return TestMedia::video(360, 640, 1); }, true, 360, 640},
+                    ClipCase{"Classic4x3", [] { return TestMedia::video(320, 240, 1); }, true, 320, 240},
+                    ClipCase{"OddShape", [] { return TestMedia::video(322, 178, 1); }, true, 322, 178},
+                    ClipCase{"Square", [] { return TestMedia::video(200, 200, 1); }, true, 200, 200},
+                    ClipCase{"FourTenthsOfASecond", [] { return TestMedia::video(160, 90, 0.4); }, false, 160, 90},
+                    ClipCase{"HalfASecond", [] { return TestMedia::video(160, 90, 0.5); }, false, 160, 90},
+                    ClipCase{"JustOverHalfASecond", [] { return TestMedia::video(160, 90, 0.52); }, true, 160, 90},
+                    ClipCase{"AudioOnly", [] { return TestMedia::audioOnly(1); }, false, 0, 0},
+                    ClipCase{"StillPicture", [] { return TestMedia::still(64, 48); }, false, 64, 48},
+                    ClipCase{"CoverPictureAsSecondStream", [] { return TestMedia::withCoverPicture(); }, true, 600, 600},
+                    ClipCase{"TextUnderAVideoName",
+                             [] { return TestMedia::textFile(QStringLiteral("notes.mp4"), "not a video at all\n"); },
+                             false, 0, 0},
+                    ClipCase{"EmptyFile", [] { return TestMedia::textFile(QStringLiteral("empty.mov"), ""); }, false, 0, 0},
+                    ClipCase{"BlanksQuotesAndAccents",
+                             [] {
+                                 return TestMedia::copyNamed(TestMedia::video(320, 180, 1),
+                                                             QStringLiteral("my 'best' \"take\" – été.mp4"));
+                             },
+                             true, 320, 180}),
+    [](const testing::TestParamInfo<ClipCase>& info) { return std::string(info.param.name); });
+
+TEST(EncoderProbe, ReportsOnTheMainThreadWhenProbedOnAnother) {
+    Encoder encoder;
+    ProbeRecorder recorder;
+    encoder.setDelegate(&recorder);
+    auto file = std::make_shared<File>(QUrl::fromLocalFile(TestMedia::video(320, 180, 1)));
+    QThread* thread = QThread::create([&] { encoder.loadVideoDetailsForFile(file); });
+    thread->start();
+    ASSERT_TRUE(waitUntil([&] { return !recorder.reported.isEmpty(); }));
+    thread->wait();
+    delete thread;
+    EXPECT_TRUE(recorder.reportedOnMainThread);
+    EXPECT_TRUE(file->isVideo);
+}
+
+TEST(EncoderProbe, AMissingHelperCountsAsAnEmptyAnswerAndIsLoggedOnce) {
+    FakeHelper empty;
+    ScopedHelpersDir helpers(empty.folder());
+    const QByteArray path = qgetenv("PATH");
+    qputenv("PATH", empty.folder().toUtf8());
+    ScopedLogRecorder log;
+    Encoder encoder;
+    ProbeRecorder recorder;
+    encoder.setDelegate(&recorder);
+
+    const FilePtr first = probe(encoder, TestMedia::video(320, 180, 1));
+    const FilePtr second = probe(encoder, TestMedia::video(320, 180, 1));
+    qputenv("PATH", path);
+
+    EXPECT_FALSE(first->isVideo);
+    EXPECT_FALSE(second->isVideo);
+    ASSERT_TRUE(waitUntil([&] { return recorder.reported.size() == 2; }));
+    int warnings = 0;
+    for (const auto& line : log.sink().lines()) {
+        if (line.find("ffprobe was not found") != std::string::npos) {
+            ++warnings;
+            EXPECT_NE(line.find(empty.folder().toStdString()), std::string::npos) << line;
+        }
+    }
+    EXPECT_LE(warnings, 1);  // another test in this process may have warned first
+}
+
+TEST(EncoderProbe, UsesTheOlderDurationOptionOnlyWhereTheHelperKnowsIt) {
+    const QString answer =
+        QStringLiteral(R"(echo '{"streams":[{"codec_type":"video","width":640,"height":360}],"format":{"duration":"4"}}')");
+    for (const bool knowsOption : {true, false}) {
+        FakeHelper helper;
+        const QString accept = knowsOption ? QStringLiteral("exit 0") : QStringLiteral("exit 1");
+        helper.install(QStringLiteral("ffprobe"),
+                       QStringLiteral("if [ \"$5\" = -version ]; then %1; fi\n"
+                                      "for a in \"$@\"; do printf '%%s|' \"$a\" >> '%2'; done; echo >> '%2'\n%3")
+                           .arg(accept, helper.recordPath(), answer));
+        ScopedHelpersDir helpers(helper.folder());
+        Encoder encoder;
+        const QString clip = QStringLiteral("/nowhere/clip name.mov");
+        const FilePtr file = probe(encoder, clip);
+
+        EXPECT_TRUE(file->isVideo);
+        const QStringList expected = {QStringLiteral("-v|quiet|-print_format|json|-show_format_entry|duration|-show_streams|%1|")
+                                          .arg(clip),
+                                      QStringLiteral("-v|quiet|-print_format|json|-show_entries|format=duration|-show_streams|%1|")
+                                          .arg(clip)};
+        EXPECT_EQ(helper.recordedLines(), QStringList{expected[knowsOption ? 0 : 1]});
+    }
+}
+
+TEST(EncoderProbe, TheRealHelperIsAskedTheWayItUnderstands) {
+    ScopedLogRecorder log;
+    Encoder encoder;
+    const FilePtr file = probe(encoder, TestMedia::video(320, 180, 1));
+    EXPECT_TRUE(file->isVideo);
+    EXPECT_NEAR(file->videoDetail->duration, 1000, 1e-6);
+    EXPECT_TRUE(log.sink().contains("FFprobe response: {"));
+    EXPECT_TRUE(log.sink().contains("IsVideo: 1"));
+}

@@ -1,0 +1,42 @@
+#include "support/FakeHelper.h"
+
+#include <QFile>
+
+FakeHelper::FakeHelper() = default;
+
+QString FakeHelper::install(const QString& name, const QString& scriptBody) {
+    const QString path = dir_.filePath(name);
+    QFile script(path);
+    script.open(QIODevice::WriteOnly | QIODevice::Truncate);
+    script.write("#!/bin/sh\n");
+    script.write(scriptBody.toUtf8());
+    script.write("\n");
+    script.close();
+    script.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    return path;
+}
+
+QString FakeHelper::recordPath() const {
+    return dir_.filePath(QStringLiteral("record.txt"));
+}
+
+QStringList FakeHelper::recordedLines() const {
+    QFile record(recordPath());
+    if (!record.open(QIODevice::ReadOnly)) {
+        return {};
+    }
+    return QString::fromUtf8(record.readAll()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+}
+
+ScopedHelpersDir::ScopedHelpersDir(const QString& folder)
+    : previous_(qgetenv("ORVALE_HELPERS_DIR")), hadPrevious_(qEnvironmentVariableIsSet("ORVALE_HELPERS_DIR")) {
+    qputenv("ORVALE_HELPERS_DIR", folder.toUtf8());
+}
+
+ScopedHelpersDir::~ScopedHelpersDir() {
+    if (hadPrevious_) {
+        qputenv("ORVALE_HELPERS_DIR", previous_);
+    } else {
+        qunsetenv("ORVALE_HELPERS_DIR");
+    }
+}
