@@ -1,1 +1,68 @@
-int main() { return 0; }
+#include <QCoreApplication>
+#include <QTimer>
+#include <memory>
+
+#include "BuildInfo.h"
+#include "Command.h"
+#include "ConsoleOutput.h"
+#include "EncodeCommand.h"
+#include "ProbeCommand.h"
+#include "platform/Log.h"
+#include "platform/Paths.h"
+
+namespace {
+
+const QString usage = QStringLiteral(
+    "Usage: orvale-cli COMMAND [OPTIONS] ...\n"
+    "\n"
+    "Commands:\n"
+    "  probe [--json] [--do-not-encode] PATH...            probe files and list the sizes offered\n"
+    "  encode [--out DIR] [--preset SIZE] [--json] PATH... encode videos into an output folder\n"
+    "\n"
+    "Run 'orvale-cli COMMAND --help' for a command's options.\n");
+
+std::unique_ptr<Command> commandNamed(const QString& name) {
+    if (name == QStringLiteral("probe")) {
+        return std::make_unique<ProbeCommand>();
+    }
+    if (name == QStringLiteral("encode")) {
+        return std::make_unique<EncodeCommand>();
+    }
+    return nullptr;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    QCoreApplication app(argc, argv);
+    QCoreApplication::setOrganizationName(QLatin1String(BuildInfo::organizationName));
+    QCoreApplication::setApplicationName(QLatin1String(BuildInfo::applicationName));
+    QCoreApplication::setApplicationVersion(QLatin1String(BuildInfo::version));
+
+    QStringList arguments = QCoreApplication::arguments();
+    const QString first = arguments.value(1);
+    if (first.isEmpty() || first == QStringLiteral("--help") || first == QStringLiteral("-h")) {
+        ConsoleOutput::out(usage);
+        return first.isEmpty() ? Command::exitUsage : Command::exitSuccess;
+    }
+    if (first == QStringLiteral("--version")) {
+        ConsoleOutput::out(QStringLiteral("orvale-cli %1\n").arg(QLatin1String(BuildInfo::version)));
+        return Command::exitSuccess;
+    }
+
+    std::unique_ptr<Command> command = commandNamed(first);
+    if (!command) {
+        ConsoleOutput::err(QStringLiteral("orvale-cli: unknown command '%1' (see 'orvale-cli --help')\n").arg(first));
+        return Command::exitUsage;
+    }
+
+    Log::setUp({.directory = Paths::logFolder(), .consoleLevel = Log::Level::Warning, .consoleEnabled = true});
+    arguments.removeAt(1);
+    const int early = command->parse(arguments);
+    if (early >= 0) {
+        return early;
+    }
+    QObject::connect(command.get(), &Command::finished, &app, [](int status) { QCoreApplication::exit(status); });
+    QTimer::singleShot(0, command.get(), &Command::start);
+    return QCoreApplication::exec();
+}

@@ -1,0 +1,270 @@
+#include "jobs/DataManager.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <thread>
+
+#include "jobs/NotificationNames.h"
+#include "jobs/OutputFolder.h"
+#include "platform/Log.h"
+#include "platform/LogindPowerAssertion.h"
+
+using namespace NotificationNames;
+
+namespace {
+
+const QString idleSleepAssertionName = QStringLiteral("Upload");
+
+void removeIfPresent(const QUrl& url) {
+    const QString path = url.toLocalFile();
+    if (!path.isEmpty() && QFileInfo::exists(path)) {
+        QFile::remove(path);
+    }
+}
+
+bool needsEncoding(const File& file) {
+    return file.isVideo && file.videoDetail && !file.videoDetail->doNotEncode && !file.videoDetail->encodeSuccess;
+}
+
+}  // namespace
+
+DataManager& DataManager::sharedInstance() {
+    static DataManager instance(NotificationCenter::defaultCenter(), LogindPowerAssertion::sharedInstance());
+    return instance;
+}
+
+DataManager::DataManager(NotificationCenter& center, PowerAssertion& powerAssertion, QObject* parent)
+    : QObject(parent), center_(center), powerAssertion_(powerAssertion), encoder_(std::make_unique<Encoder>()) {
+    encoder_->setDelegate(this);
+}
+
+DataManager::~DataManager() {
+    encoder_->setDelegate(nullptr);
+    releaseIdleSleepAssertion();
+}
+
+void DataManager::post(QLatin1String name, const QVariant& object) {
+    center_.post(name, object);
+}
+
+void DataManager::addVideoDetailsToFileIfNeeded(const FilePtr& file) {
+    std::thread([encoder = encoder_.get(), file] { encoder->loadVideoDetailsForFile(file); }).detach();
+}
+
+void DataManager::startLocalEncodeForFiles(const FileList& files, const QUrl& outputDirectory) {
+    LOG_VERBOSE("startLocalEncode");
+    isEncoding_ = false;
+    isUploading_ = false;
+    isLocalEncode_ = true;
+    post(kNotificationIsLocalEncode);
+    takeIdleSleepAssertion();
+
+    QDir().mkpath(Encoder::workFolder());
+    localEncodeOutputDirUrl_ = QUrl::fromLocalFile(outputDirectory.toLocalFile());
+    if (!QFileInfo::exists(localEncodeOutputDirUrl_.toLocalFile())) {
+        QDir().mkpath(localEncodeOutputDirUrl_.toLocalFile());
+    }
+    resetJob(files);
+
+    FileList encodeList;
+    for (const FilePtr& file : files) {
+        totalBytesToWrite_ = static_cast<quint64>(static_cast<double>(totalBytesToWrite_) + file->size);
+        if (needsEncoding(*file)) {
+            encodeList.append(file);
+            totalDuration_ += file->videoDetail->duration;
+        } else {
+            uploadQueue_.append(file);
+        }
+    }
+    if (encodeList.isEmpty()) {
+        // Nothing to wait for: hand the files on now, which also completes the job.
+        uploadFilesFromQueue();
+        return;
+    }
+    encoder_->encodeFiles(encodeList);
+    isEncoding_ = true;
+}
+
+void DataManager::resetJob(const FileList& files) {
+    files_ = files;
+    filesQueue_ = files;
+    encodedVideosDuration_ = 0;
+    bytesWritten_ = 0;
+    lastUIByteUpdate_ = 0;
+    totalDuration_ = 0;
+    currentUploadPercent_ = 0;
+    uploadMultiplier_ = 1.0f;
+    totalBytesToWrite_ = 0;
+    completionPosted_ = false;
+    uploadQueue_.clear();
+    encodeFailedFiles_.clear();
+    uploadFailedFiles_.clear();
+    uploadedFiles_.clear();
+    movedTo_.clear();
+}
+
+void DataManager::accountUploadSizes() {
+    quint64 sourceBytes = 0;
+    quint64 bytesToSend = 0;
+    auto add = [](quint64 sum, double bytes) { return static_cast<quint64>(static_cast<double>(sum) + bytes); };
+    for (const FilePtr& file : std::as_const(filesQueue_)) {
+        sourceBytes = add(sourceBytes, file->size);
+        if (!uploadQueue_.contains(file)) {
+            bytesToSend = add(bytesToSend, file->size);
+            continue;
+        }
+        const double encodedSize = file->videoDetail ? file->videoDetail->encodedSize : 0.0;
+        if (file->videoDetail && file->videoDetail->preserveOriginal) {
+            LOG_VERBOSE("Using both original and proxy files for size");
+            bytesToSend = add(bytesToSend, file->size + encodedSize);
+            totalBytesToWrite_ = add(totalBytesToWrite_, encodedSize);
+        } else {
+            bytesToSend = add(bytesToSend, encodedSize);
+        }
+    }
+    uploadMultiplier_ = static_cast<float>(static_cast<double>(sourceBytes) / static_cast<double>(bytesToSend));
+}
+
+void DataManager::uploadFilesFromQueue() {
+    LOG_VERBOSE("upload files from queue, count: {}", uploadQueue_.size());
+    accountUploadSizes();
+    if (isLocalEncode_) {
+        for (const FilePtr& file : std::as_const(uploadQueue_)) {
+            moveToOutputFolder(file);
+        }
+    }
+    for (const FilePtr& file : std::as_const(uploadQueue_)) {
+        filesQueue_.removeAll(file);
+    }
+    uploadQueue_.clear();
+    isUploading_ = false;
+    postCompletionIfLocalJobIsDone();
+}
+
+void DataManager::moveToOutputFolder(const FilePtr& file) {
+    if (!file->videoDetail) {
+        return;  // a pass-through file has no encode to move
+    }
+    const QUrl source = file->videoDetail->encodedVideoUrl;
+    if (source.isEmpty() || !QFileInfo::exists(source.toLocalFile())) {
+        return;
+    }
+    const QString target =
+        OutputFolder::targetPath(localEncodeOutputDirUrl_.toLocalFile(), QFileInfo(source.toLocalFile()).fileName());
+    LOG_VERBOSE("moving file at [{}] to [{}]", source, QUrl::fromLocalFile(target));
+    if (QFile::rename(source.toLocalFile(), target)) {
+        movedTo_.insert(file.get(), target);
+    }
+    uploadedFiles_.append(file);
+}
+
+void DataManager::postCompletionIfLocalJobIsDone() {
+    if (!isLocalEncode_ || completionPosted_) {
+        return;
+    }
+    // Failed encodes stay in the queue; the job is done once nothing else waits there.
+    for (const FilePtr& file : std::as_const(filesQueue_)) {
+        if (!encodeFailedFiles_.contains(file)) {
+            return;
+        }
+    }
+    completionPosted_ = true;
+    releaseIdleSleepAssertion();
+    post(kNotificationDidFinishUploading);
+}
+
+void DataManager::stopEncoding() {
+    LOG_VERBOSE("stopEncoding");
+    encoder_->stopEncoding();
+    if (isLocalEncode_) {
+        releaseIdleSleepAssertion();
+    }
+}
+
+void DataManager::deleteEncodedFilesIfNecessary() {
+    encoder_->waitUntilStopped();
+    for (const FilePtr& file : std::as_const(filesQueue_)) {
+        if (file->isVideo && file->videoDetail) {
+            removeIfPresent(file->videoDetail->encodedVideoUrl);
+        }
+    }
+}
+
+FileList DataManager::failedFiles() const {
+    return encodeFailedFiles_ + uploadFailedFiles_;
+}
+
+void DataManager::didFinishLoadingDetailsForFile(const FilePtr& file) {
+    post(kNotificationDidFinishLoadingDetailsForFile, QVariant::fromValue(file));
+}
+
+void DataManager::didChangeEncodedState(double milliseconds) {
+    const float percent = std::min(
+        static_cast<float>((encodedVideosDuration_ + milliseconds) * 100 / totalDuration_), 100.0f);
+    if (percent > 0) {
+        post(kNotificationDidChangeEncodedPercent, percent);
+    }
+}
+
+void DataManager::didFinishEncodingVideo(const FilePtr& file, bool isLastVideo) {
+    LOG_VERBOSE("didFinishEncodingVideo");
+    encodedVideosDuration_ += file->videoDetail->duration;
+    uploadQueue_.append(file);
+    if (!isUploading_) {
+        uploadFilesFromQueue();
+    }
+    if (isLastVideo) {
+        isEncoding_ = false;
+        post(kNotificationDidChangeEncodedPercent, 100.0f);
+    }
+}
+
+void DataManager::didOccureProblemWhileEncodingFile(const FilePtr& file, bool isLastVideo) {
+    LOG_VERBOSE("didOccureProblemWhileEncodingFile: {}", file->fileName());
+    removeIfPresent(file->videoDetail->encodedVideoUrl);
+    encodedVideosDuration_ += file->videoDetail->duration;
+    encodeFailedFiles_.append(file);
+    post(kNotificationDidOccureProblemWhileEncoding, QVariant::fromValue(file));
+    if (isLastVideo) {
+        isEncoding_ = false;
+        post(kNotificationDidChangeEncodedPercent, 100.0f);
+        if (!isUploading_ && uploadQueue_.isEmpty()) {
+            postCompletionIfLocalJobIsDone();
+        }
+    }
+}
+
+void DataManager::didRanOutOfSpaceOnDisk() {
+    isEncoding_ = false;
+    post(kNotificationDidRanOutOfSpaceOnDisk);
+    releaseIdleSleepAssertion();
+}
+
+void DataManager::disableEnableIdleSleep() {
+    if (idleSleepAssertion_ == 0) {
+        takeIdleSleepAssertion();
+    } else {
+        releaseIdleSleepAssertion();
+    }
+}
+
+void DataManager::takeIdleSleepAssertion() {
+    if (idleSleepAssertion_ != 0) {
+        return;
+    }
+    LOG_VERBOSE("disable sleep");
+    quint32 handle = 0;
+    if (powerAssertion_.create(idleSleepAssertionName, handle) == 0) {
+        idleSleepAssertion_ = handle;
+    }
+}
+
+void DataManager::releaseIdleSleepAssertion() {
+    if (idleSleepAssertion_ == 0) {
+        return;
+    }
+    LOG_VERBOSE("enable sleep");
+    powerAssertion_.release(idleSleepAssertion_);
+    idleSleepAssertion_ = 0;
+}

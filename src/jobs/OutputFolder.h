@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QDateTime>
+#include <QLocale>
+#include <QString>
+
+// Where a finished encode goes in the user's output folder. A name that is taken gets one
+// time-stamped alternative: "clip.mp4" becomes "clip 03-07-2015 4.05.09 PM.mp4".
+class OutputFolder {
+public:
+    static QString targetPath(const QString& folder, const QString& fileName, const QDateTime& now = QDateTime::currentDateTime(),
+                              const QLocale& locale = QLocale::system());
+    static QString timeStampedName(const QString& fileName, const QDateTime& now, const QLocale& locale);
+};

@@ -1,0 +1,106 @@
+#include <gtest/gtest.h>
+
+#include <QFileInfo>
+#include <QTemporaryDir>
+
+#include "jobs/DataManager.h"
+#include "jobs/NotificationNames.h"
+#include "support/EventLoop.h"
+#include "support/FakeHelper.h"
+#include "support/FakePowerAssertion.h"
+#include "support/JobFiles.h"
+#include "support/NotificationLog.h"
+#include "support/TestMedia.h"
+
+using namespace NotificationNames;
+
+// Faults the real ffmpeg can't be made to show on demand, played by stand-in scripts.
+namespace {
+
+// Answers the encoder query like a build without libvo_aacenc, then runs the given body; the
+// output path is the last argument.
+QString fakeFfmpeg(const QString& body) {
+    return QStringLiteral("if [ \"$2\" = -encoders ]; then echo ' A....D aac   AAC'; exit 0; fi\n"
+                          "for last in \"$@\"; do :; done\n%1")
+        .arg(body);
+}
+
+class EncoderFaults : public testing::Test {
+protected:
+    void SetUp() override {
+        // Probe with the real ffprobe before the stand-in folder takes over.
+        files = {probedFile(TestMedia::video(320, 180, 1, true)), probedFile(TestMedia::video(320, 240, 1, true))};
+    }
+    void runWith(const QString& body) {
+        helper.install(QStringLiteral("ffmpeg"), fakeFfmpeg(body));
+        helpers = std::make_unique<ScopedHelpersDir>(helper.folder());
+        manager.startLocalEncodeForFiles(files, QUrl::fromLocalFile(output.path()));
+    }
+
+    FakeHelper helper;
+    std::unique_ptr<ScopedHelpersDir> helpers;
+    NotificationCenter center;
+    FakePowerAssertion power;
+    DataManager manager{center, power};
+    NotificationLog log{center, {kNotificationDidChangeEncodedPercent, kNotificationDidOccureProblemWhileEncoding,
+                                 kNotificationDidRanOutOfSpaceOnDisk, kNotificationDidFinishUploading}};
+    QTemporaryDir output;
+    FileList files;
+};
+
+}  // namespace
+
+TEST_F(EncoderFaults, AFullDiskStopsTheJobWithoutCompletingIt) {
+    runWith(QStringLiteral("echo 'frame=1 time=00:00:00.20 bitrate=1k'\n"
+                           "echo '[mp4] av_interleaved_write_frame(): No space left on device'\nsleep 5"));
+    ASSERT_TRUE(waitUntil([&] { return log.count(kNotificationDidRanOutOfSpaceOnDisk) == 1; }));
+    waitUntil([] { return false; }, 300);
+
+    EXPECT_EQ(log.count(kNotificationDidFinishUploading), 0);
+    EXPECT_EQ(log.count(kNotificationDidOccureProblemWhileEncoding), 0);
+    EXPECT_FALSE(manager.isEncoding());
+    EXPECT_FALSE(manager.encoder().isRunning());
+    EXPECT_EQ(power.held, 0);
+    EXPECT_EQ(power.released, 1);
+}
+
+TEST_F(EncoderFaults, AHelperThatCrashesBeforeAnyProgressFailsEachFile) {
+    runWith(QStringLiteral("kill -SEGV $$"));
+    ASSERT_TRUE(waitUntil([&] { return log.count(kNotificationDidFinishUploading) == 1; }));
+    EXPECT_EQ(log.count(kNotificationDidOccureProblemWhileEncoding), 2);
+    EXPECT_EQ(manager.failedFiles(), files);
+    EXPECT_EQ(power.held, 0);
+}
+
+TEST_F(EncoderFaults, AProgressLineSplitAcrossReadsStillCounts) {
+    runWith(QStringLiteral("printf 'frame=25 fps=0.0 q=28.0 size=1kB time=00:00:0'; sleep 0.3\n"
+                           "printf '1.00 bitrate=1.0kbits/s speed=1x\\r'\necho encoded > \"$last\""));
+    ASSERT_TRUE(waitUntil([&] { return log.count(kNotificationDidFinishUploading) == 1; }));
+    EXPECT_EQ(log.count(kNotificationDidOccureProblemWhileEncoding), 0);
+    EXPECT_EQ(manager.uploadedFilesCount(), 2);
+    EXPECT_EQ(files.first()->videoDetail->encodedSize, 8);
+    EXPECT_TRUE(files.first()->videoDetail->encodeSuccess);
+}
+
+TEST_F(EncoderFaults, ReachingNinetyPercentOfTheDurationIsEnough) {
+    // Both clips last 1000 ms: 900 ms is enough, 890 ms is not.
+    runWith(QStringLiteral("case \"$2\" in *320x180*) t=00:00:00.90;; *) t=00:00:00.89;; esac\n"
+                           "echo \"frame=1 time=$t bitrate=1k\"; echo x > \"$last\""));
+    ASSERT_TRUE(waitUntil([&] { return log.count(kNotificationDidFinishUploading) == 1; }));
+    EXPECT_TRUE(files[0]->videoDetail->encodeSuccess);
+    EXPECT_FALSE(files[1]->videoDetail->encodeSuccess);
+    EXPECT_EQ(manager.failedFiles(), FileList{files[1]});
+}
+
+TEST_F(EncoderFaults, AMissingHelperFailsEveryFileAndTheJobEndsNormally) {
+    FakeHelper empty;
+    ScopedHelpersDir nowhere(empty.folder());
+    const QByteArray path = qgetenv("PATH");
+    qputenv("PATH", empty.folder().toUtf8());
+    manager.startLocalEncodeForFiles(files, QUrl::fromLocalFile(output.path()));
+    const bool done = waitUntil([&] { return log.count(kNotificationDidFinishUploading) == 1; });
+    qputenv("PATH", path);
+    ASSERT_TRUE(done);
+    EXPECT_EQ(log.count(kNotificationDidOccureProblemWhileEncoding), 2);
+    EXPECT_EQ(power.held, 0);
+}

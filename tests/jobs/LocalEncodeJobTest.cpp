@@ -1,0 +1,176 @@
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+
+#include "jobs/DataManager.h"
+#include "jobs/NotificationNames.h"
+#include "support/EventLoop.h"
+#include "support/FakePowerAssertion.h"
+#include "support/JobFiles.h"
+#include "support/Mp4Inspector.h"
+#include "support/NotificationLog.h"
+#include "support/TestMedia.h"
+
+using namespace NotificationNames;
+
+namespace {
+
+const QStringList jobNotifications = {kNotificationIsLocalEncode, kNotificationDidChangeEncodedPercent,
+                                      kNotificationDidOccureProblemWhileEncoding, kNotificationDidRanOutOfSpaceOnDisk,
+                                      kNotificationDidFinishUploading};
+
+class LocalEncodeJob : public testing::Test {
+protected:
+    NotificationCenter center;
+    FakePowerAssertion power;
+    DataManager manager{center, power};
+    NotificationLog log{center, jobNotifications};
+    QTemporaryDir output;
+
+    QUrl outputUrl() const { return QUrl::fromLocalFile(output.path()); }
+    bool runUntilDone(int timeoutMs = 60000) {
+        return waitUntil([&] { return log.count(kNotificationDidFinishUploading) > 0; }, timeoutMs);
+    }
+    QStringList outputNames() const { return QDir(output.path()).entryList(QDir::Files, QDir::Name); }
+};
+
+// A clip with its own name, so encodes of different tests never share an output name.
+QString clipNamed(const QString& name, int width = 320, int height = 180, double seconds = 1.0) {
+    return TestMedia::copyNamed(TestMedia::video(width, height, seconds, true), name);
+}
+
+}  // namespace
+
+TEST_F(LocalEncodeJob, ThreeVideosAreEncodedMovedAndTheJobCompletesOnce) {
+    const FileList files = {probedFile(clipNamed("three-a.mov")), probedFile(clipNamed("three-b.mov")),
+                            probedFile(clipNamed("three-c.mov"))};
+    manager.startLocalEncodeForFiles(files, outputUrl());
+    ASSERT_TRUE(runUntilDone());
+    waitUntil([] { return false; }, 200);  // anything posted late would show up now
+
+    EXPECT_EQ(log.names().first(), kNotificationIsLocalEncode);
+    EXPECT_EQ(log.count(kNotificationDidFinishUploading), 1);
+    EXPECT_EQ(log.count(kNotificationDidOccureProblemWhileEncoding), 0);
+    const QList<float> percents = log.percents();
+    ASSERT_FALSE(percents.isEmpty());
+    EXPECT_TRUE(std::is_sorted(percents.begin(), percents.end()));
+    EXPECT_FLOAT_EQ(percents.last(), 100.0f);
+    EXPECT_EQ(manager.uploadedFilesCount(), 3);
+    EXPECT_TRUE(manager.failedFiles().isEmpty());
+    EXPECT_EQ(outputNames(), (QStringList{"three-a.mp4", "three-b.mp4", "three-c.mp4"}));
+    EXPECT_EQ(power.created, 1);
+    EXPECT_EQ(power.released, 1);
+    EXPECT_EQ(power.lastName, QStringLiteral("Upload"));
+}
+
+TEST_F(LocalEncodeJob, EncodesAreH264AndAacAtTheChosenWidthWithTheIndexFirst) {
+    // 480x200 is offered 480x200, 360x150 and 240x100; take the second.
+    const FilePtr file = probedFile(TestMedia::copyNamed(TestMedia::video(480, 200, 1, true), "format-check.mov"), 1);
+    ASSERT_EQ(file->videoDetail->widthToEncode, 360);
+    manager.startLocalEncodeForFiles({file}, outputUrl());
+    ASSERT_TRUE(runUntilDone());
+
+    const QString encoded = output.filePath("format-check.mp4");
+    const QJsonObject answer = Mp4Inspector::probe(encoded);
+    const QJsonObject video = Mp4Inspector::stream(answer, "video");
+    EXPECT_EQ(video.value("codec_name").toString(), "h264");
+    EXPECT_EQ(video.value("pix_fmt").toString(), "yuv420p");
+    EXPECT_EQ(video.value("width").toInt(), file->videoDetail->widthToEncode);
+    EXPECT_EQ(Mp4Inspector::stream(answer, "audio").value("codec_name").toString(), "aac");
+    const QStringList boxes = Mp4Inspector::topLevelBoxes(encoded);
+    ASSERT_TRUE(boxes.contains("moov") && boxes.contains("mdat")) << boxes.join(',').toStdString();
+    EXPECT_LT(boxes.indexOf("moov"), boxes.indexOf("mdat"));
+}
+
+TEST_F(LocalEncodeJob, ANameAlreadyInTheOutputFolderGetsATimeStampedAlternative) {
+    QFile existing(output.filePath("clash.mp4"));
+    ASSERT_TRUE(existing.open(QIODevice::WriteOnly));
+    existing.write("the user's own file");
+    existing.close();
+
+    manager.startLocalEncodeForFiles({probedFile(clipNamed("clash.mov"))}, outputUrl());
+    ASSERT_TRUE(runUntilDone());
+
+    const QStringList names = outputNames();
+    ASSERT_EQ(names.size(), 2);
+    EXPECT_TRUE(names.contains("clash.mp4"));
+    const QString renamed = names.at(names.indexOf("clash.mp4") == 0 ? 1 : 0);
+    EXPECT_TRUE(QRegularExpression(R"(^clash \d\d-\d\d-\d{4} \d{1,2}\.\d\d\.\d\d (AM|PM)\.mp4$)").match(renamed).hasMatch())
+        << renamed.toStdString();
+    QFile untouched(output.filePath("clash.mp4"));
+    ASSERT_TRUE(untouched.open(QIODevice::ReadOnly));
+    EXPECT_EQ(untouched.readAll(), QByteArray("the user's own file"));
+}
+
+TEST_F(LocalEncodeJob, ACorruptFileInTheMiddleIsReportedAndTheJobStillCompletesOnce) {
+    const FilePtr corrupt = probedFile(clipNamed("corrupt-b.mov"));
+    QFile damage(corrupt->path());
+    ASSERT_TRUE(damage.open(QIODevice::WriteOnly | QIODevice::Truncate));  // probed fine, now unreadable
+    damage.write(QByteArray(4096, 'x'));
+    damage.close();
+    const FileList files = {probedFile(clipNamed("corrupt-a.mov")), corrupt, probedFile(clipNamed("corrupt-c.mov"))};
+
+    manager.startLocalEncodeForFiles(files, outputUrl());
+    ASSERT_TRUE(runUntilDone());
+    waitUntil([] { return false; }, 200);
+    QFile::remove(corrupt->path());  // the cached copy is spoilt
+
+    EXPECT_EQ(log.count(kNotificationDidOccureProblemWhileEncoding), 1);
+    EXPECT_EQ(log.received.at(log.names().indexOf(kNotificationDidOccureProblemWhileEncoding)).object.value<FilePtr>(),
+              corrupt);
+    EXPECT_EQ(log.count(kNotificationDidFinishUploading), 1);
+    EXPECT_EQ(manager.failedFiles(), FileList{corrupt});
+    EXPECT_EQ(manager.uploadedFilesCount(), 2);
+    EXPECT_EQ(outputNames(), (QStringList{"corrupt-a.mp4", "corrupt-c.mp4"}));
+    EXPECT_EQ(power.held, 0);
+}
+
+TEST_F(LocalEncodeJob, FilesThatNeedNoEncodingCompleteTheJobAtOnce) {
+    const FilePtr text = probedFile(TestMedia::textFile("pass-through.txt", "hello"));
+    const FilePtr doNotEncode = probedFile(clipNamed("do-not-encode.mov"));
+    doNotEncode->videoDetail->doNotEncode = true;
+    const FilePtr alreadyEncoded = probedFile(clipNamed("already.mov"));
+    alreadyEncoded->videoDetail->encodeSuccess = true;
+
+    manager.startLocalEncodeForFiles({text, doNotEncode, alreadyEncoded}, outputUrl());
+
+    EXPECT_EQ(log.names(), (QStringList{kNotificationIsLocalEncode, kNotificationDidFinishUploading}));
+    EXPECT_EQ(manager.totalDuration(), 0);
+    EXPECT_FALSE(manager.isEncoding());
+    EXPECT_TRUE(outputNames().isEmpty());
+    EXPECT_TRUE(manager.failedFiles().isEmpty());
+    EXPECT_EQ(power.held, 0);
+}
+
+TEST_F(LocalEncodeJob, StoppingMidFileReportsNothingMoreAndCleanUpRemovesThePartialEncode) {
+    const FilePtr file = probedFile(TestMedia::copyNamed(TestMedia::video(640, 360, 20, true), "long.mov"));
+    manager.startLocalEncodeForFiles({file}, outputUrl());
+    ASSERT_TRUE(waitUntil([&] { return !log.percents().isEmpty(); }, 30000));
+    manager.stopEncoding();
+    const int before = static_cast<int>(log.received.size());
+    manager.deleteEncodedFilesIfNecessary();
+    waitUntil([] { return false; }, 500);
+
+    EXPECT_EQ(log.received.size(), before);
+    EXPECT_FALSE(QFileInfo::exists(file->videoDetail->encodedVideoUrl.toLocalFile()));
+    EXPECT_FALSE(file->videoDetail->encodeSuccess);
+    EXPECT_EQ(power.held, 0);
+    EXPECT_EQ(power.released, 1);
+}
+
+TEST_F(LocalEncodeJob, ASecondJobStartsFromZero) {
+    manager.startLocalEncodeForFiles({probedFile(clipNamed("first-job.mov"))}, outputUrl());
+    ASSERT_TRUE(runUntilDone());
+    log.received.clear();
+    const FilePtr text = probedFile(TestMedia::textFile("second-job.txt", "x"));
+    manager.startLocalEncodeForFiles({text}, outputUrl());
+    EXPECT_EQ(manager.uploadedFilesCount(), 0);
+    EXPECT_TRUE(manager.failedFiles().isEmpty());
+    EXPECT_EQ(log.count(kNotificationDidFinishUploading), 1);
+    EXPECT_EQ(power.created, 2);
+    EXPECT_EQ(power.released, 2);
+}

@@ -1,0 +1,79 @@
+#include <gtest/gtest.h>
+
+#include "media/ProgressParser.h"
+#include "media/TranscodeCommand.h"
+
+namespace {
+
+File& fileAt(const QString& path, bool preserveOriginal) {
+    static std::vector<FilePtr> keep;
+    keep.push_back(std::make_shared<File>(QUrl::fromLocalFile(path)));
+    File& file = *keep.back();
+    file.videoDetail = std::make_shared<VideoDetail>();
+    file.videoDetail->preserveOriginal = preserveOriginal;
+    file.videoDetail->widthToEncode = 1280;
+    file.videoDetail->minBitrate = QStringLiteral("2000k");
+    file.videoDetail->maxBitrate = QStringLiteral("3200k");
+    return file;
+}
+
+}  // namespace
+
+TEST(TranscodeCommand, OutputNamesDropOnlyTheLastExtension) {
+    EXPECT_EQ(TranscodeCommand::outputName(fileAt("/cards/clip01.mov", false)), "clip01.mp4");
+    EXPECT_EQ(TranscodeCommand::outputName(fileAt("/cards/clip01.mov", true)), "clip01_proxy.mp4");
+    EXPECT_EQ(TranscodeCommand::outputName(fileAt("/home/a/take.final.avi", false)), "take.final.mp4");
+    EXPECT_EQ(TranscodeCommand::outputName(fileAt("/home/a/noextension", false)), "noextension.mp4");
+}
+
+TEST(TranscodeCommand, ArgumentsFollowTheChosenPreset) {
+    const File& file = fileAt("/cards/a clip.mov", false);
+    EXPECT_EQ(TranscodeCommand::arguments(file, "/work/a clip.mp4", "aac"),
+              (QStringList{"-i", "/cards/a clip.mov", "-q:v", "1", "-b:v", "2000k", "-minrate", "2000k", "-maxrate",
+                           "3200k", "-bufsize", "2000k", "-vcodec", "libx264", "-pix_fmt", "yuv410p", "-vf",
+                           "[in]scale=1280:trunc(ow/a/2+0.5)*2[middle];[middle]yadif[out]", "-movflags", "faststart",
+                           "-c:a", "aac", "-b:a", "128k", "-y", "/work/a clip.mp4"}));
+}
+
+TEST(TranscodeCommand, FindsEncodersByNameInTheHelpersList) {
+    const QByteArray list =
+        " V....D libx264              libx264 H.264 / AVC\n"
+        " A....D aac                  AAC (Advanced Audio Coding)\n"
+        " A....D libvo_aacenc_x       something else\n";
+    EXPECT_TRUE(TranscodeCommand::encoderListHas(list, "aac"));
+    EXPECT_TRUE(TranscodeCommand::encoderListHas(list, "libx264"));
+    EXPECT_FALSE(TranscodeCommand::encoderListHas(list, "libvo_aacenc"));
+}
+
+TEST(ProgressParser, ReadsTheFirstTimeFieldOfAChunk) {
+    ProgressParser parser;
+    const auto result = parser.parse(
+        "frame=1500 fps=48 q=28.0 size=10240kB time=00:01:02.50 bitrate=1342.2kbits/s\r"
+        "frame=1600 fps=48 q=28.0 size=11240kB time=00:01:06.50 bitrate=1342.2kbits/s\r");
+    ASSERT_TRUE(result.milliseconds);
+    EXPECT_DOUBLE_EQ(*result.milliseconds, 62500);
+    EXPECT_FALSE(result.outOfSpace);
+}
+
+TEST(ProgressParser, AFullDiskOutweighsProgress) {
+    ProgressParser parser;
+    const auto result = parser.parse("time=00:00:01.00 bitrate=1k\nav_interleaved_write_frame(): No space left on device\n");
+    EXPECT_TRUE(result.outOfSpace);
+    EXPECT_FALSE(result.milliseconds);
+}
+
+TEST(ProgressParser, AFieldCutByTheChunkEndIsReadWithTheNextChunk) {
+    ProgressParser parser;
+    EXPECT_FALSE(parser.parse("frame=10 fps=0.0 q=28.0 size=0kB time=00:00:0").milliseconds);
+    const auto result = parser.parse("3.40 bitrate=0.1kbits/s speed=1x\r");
+    ASSERT_TRUE(result.milliseconds);
+    EXPECT_DOUBLE_EQ(*result.milliseconds, 3400);
+}
+
+TEST(ProgressParser, OtherTextAndUnreadableTimesGiveNothingOrZero) {
+    ProgressParser parser;
+    EXPECT_FALSE(parser.parse("Input #0, mov,mp4,m4a,3gp,3g2,mj2, from 'clip.mov':\n").milliseconds);
+    const auto unknown = parser.parse("size=0kB time=N/A bitrate=N/A\r");
+    ASSERT_TRUE(unknown.milliseconds);
+    EXPECT_DOUBLE_EQ(*unknown.milliseconds, 0);
+}
