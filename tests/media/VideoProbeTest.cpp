@@ -12,6 +12,7 @@ struct AnswerCase {
     double duration;
     double width;
     double height;
+    friend void PrintTo(const AnswerCase& c, std::ostream* out) { *out << c.name; }
 };
 
 std::string caseName(const testing::TestParamInfo<AnswerCase>& info) {

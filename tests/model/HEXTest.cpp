@@ -2,7 +2,7 @@
 
 #include "model/HEX.h"
 #include "model/InvalidColorValueException.h"
-#include "model/QtPrinters.h"
+#include "support/QtPrinters.h"
 
 namespace {
 

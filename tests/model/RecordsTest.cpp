@@ -12,7 +12,7 @@
 #include "model/Folder.h"
 #include "model/MediaLibraryCategory.h"
 #include "model/Project.h"
-#include "model/QtPrinters.h"
+#include "support/QtPrinters.h"
 
 namespace {
 

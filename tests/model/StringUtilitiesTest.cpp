@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "model/Contains.h"
-#include "model/QtPrinters.h"
+#include "support/QtPrinters.h"
 #include "model/TrimmingAdditions.h"
 
 namespace {

@@ -5,7 +5,7 @@
 #include <QJsonObject>
 #include <limits>
 
-#include "model/QtPrinters.h"
+#include "support/QtPrinters.h"
 #include "model/ValidObjects.h"
 
 namespace {

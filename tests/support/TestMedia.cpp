@@ -5,12 +5,18 @@
 #include <QFileInfo>
 #include <QProcess>
 #include <QUuid>
+#include <cmath>
 #include <stdexcept>
 
 namespace {
 
 QString seconds(double value) {
     return QString::number(value, 'f', 3);
+}
+
+// Enough frames a second that the clip lasts exactly as long as asked (0.51 s = 51 frames).
+int frameRateFor(double length) {
+    return std::fmod(length * 25, 1.0) == 0 ? 25 : 100;
 }
 
 }  // namespace
@@ -49,7 +55,11 @@ QString TestMedia::video(int width, int height, double length, bool withAudio) {
     const QString name =
         QStringLiteral("video-%1x%2-%3s%4.mp4").arg(width).arg(height).arg(seconds(length), withAudio ? "-audio" : "");
     QStringList args{QStringLiteral("-f"), QStringLiteral("lavfi"), QStringLiteral("-i"),
-                     QStringLiteral("testsrc=size=%1x%2:rate=25:duration=%3").arg(width).arg(height).arg(seconds(length))};
+                     QStringLiteral("testsrc=size=%1x%2:rate=%3:duration=%4")
+                         .arg(width)
+                         .arg(height)
+                         .arg(frameRateFor(length))
+                         .arg(seconds(length))};
     if (withAudio) {
         args << QStringLiteral("-f") << QStringLiteral("lavfi") << QStringLiteral("-i")
              << QStringLiteral("sine=frequency=440:sample_rate=44100:duration=%1").arg(seconds(length))

@@ -2,6 +2,8 @@
 
 #include <QJsonValue>
 #include <QString>
+#include <QStringList>
+#include <QUrl>
 #include <ostream>
 
 // Readable failure messages for Qt values; gtest finds these by argument-dependent lookup.
@@ -12,4 +14,16 @@ inline void PrintTo(const QString& text, std::ostream* out) {
 inline void PrintTo(const QJsonValue& value, std::ostream* out) {
     *out << "QJsonValue(type " << value.type() << ", " << value.toVariant().toString().toStdString()
          << ")";
+}
+
+inline void PrintTo(const QStringList& list, std::ostream* out) {
+    *out << '[';
+    for (qsizetype i = 0; i < list.size(); ++i) {
+        *out << (i > 0 ? ", " : "") << '"' << list.at(i).toStdString() << '"';
+    }
+    *out << ']';
+}
+
+inline void PrintTo(const QUrl& url, std::ostream* out) {
+    *out << url.toString().toStdString();
 }
