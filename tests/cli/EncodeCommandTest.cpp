@@ -1,0 +1,90 @@
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonObject>
+#include <QTemporaryDir>
+#include <csignal>
+
+#include "support/CliRun.h"
+#include "support/EventLoop.h"
+#include "support/TestMedia.h"
+
+namespace {
+
+QString encodeFolderWith(const QTemporaryDir& dir, const QStringList& names) {
+    const QString folder = dir.filePath("in");
+    QDir().mkpath(folder);
+    for (const QString& name : names) {
+        const QString target = QDir(folder).filePath(name);
+        QDir().mkpath(QFileInfo(target).absolutePath());
+        if (name.endsWith(".mov")) {
+            QFile::copy(TestMedia::video(320, 180, 1, true), target);
+        } else {
+            QFile file(target);
+            file.open(QIODevice::WriteOnly);
+            file.write("not a video");
+        }
+    }
+    return folder;
+}
+
+}  // namespace
+
+TEST(EncodeCommand, EncodesAFolderAndRefusesWhatIsNotAVideo) {
+    QTemporaryDir dir;
+    const QString folder =
+        encodeFolderWith(dir, {"a.mov", "sub/b.mov", ".hidden.mov", "notes.TXT", "fake.mov.doc", "Kit.app/c.mov"});
+    const QString out = dir.filePath("out");
+    const CliRun result = CliRun::run({"encode", "--json", "--out", out, folder});
+
+    EXPECT_EQ(result.exitCode, 1) << result.err.toStdString();
+    EXPECT_TRUE(result.err.contains("File(s) not supported: notes.txt, fake.mov.doc")) << result.err.toStdString();
+    const QJsonObject summary = result.json().object();
+    EXPECT_EQ(summary.value("completed").toInt(), 2);
+    EXPECT_TRUE(summary.value("failed").toArray().isEmpty());
+    EXPECT_EQ(summary.value("outputDirectory").toString(), out);
+    QStringList outputs;
+    for (const QJsonValue& value : summary.value("outputs").toArray()) {
+        outputs << value.toString();
+    }
+    EXPECT_EQ(outputs, (QStringList{QDir(out).filePath("a.mp4"), QDir(out).filePath("b.mp4")}));
+    EXPECT_EQ(QDir(out).entryList(QDir::Files), (QStringList{"a.mp4", "b.mp4"}));
+}
+
+TEST(EncodeCommand, APresetThatIsNotOfferedIsRefusedWithWhatIsOffered) {
+    QTemporaryDir dir;
+    const QString folder = encodeFolderWith(dir, {"small.mov"});
+    const CliRun result = CliRun::run({"encode", "--preset", "1920x1080", "--out", dir.filePath("out"), folder});
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_TRUE(result.err.contains("small.mov is not offered 1920x1080; it offers 320x180")) << result.err.toStdString();
+    EXPECT_FALSE(QFileInfo::exists(dir.filePath("out/small.mp4")));
+}
+
+TEST(EncodeCommand, UsageErrorsExitWithTwo) {
+    EXPECT_EQ(CliRun::run({"encode"}).exitCode, 2);
+    EXPECT_EQ(CliRun::run({"encode", "--out"}).exitCode, 2);
+    EXPECT_EQ(CliRun::run({"encode", "--nope", "a.mov"}).exitCode, 2);
+}
+
+TEST(EncodeCommand, AnInterruptStopsTheEncodeAndRemovesWhatWasUnfinished) {
+    QTemporaryDir dir;
+    const QString clip = TestMedia::copyNamed(TestMedia::video(640, 360, 20, true), "interrupted.mov");
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert("XDG_DATA_HOME", dir.filePath("data"));
+    const QString workFile = dir.filePath("data/Containers/com.brightfold.Orvale/interrupted.mp4");
+
+    QProcess cli;
+    cli.setProcessEnvironment(environment);
+    cli.start(QStringLiteral(ORVALE_CLI_PATH), {"encode", "--out", dir.filePath("out"), clip});
+    ASSERT_TRUE(waitUntil([&] { return QFileInfo(workFile).size() > 0; }, 60000));
+    ::kill(static_cast<pid_t>(cli.processId()), SIGINT);
+    ASSERT_TRUE(cli.waitForFinished(30000));
+
+    EXPECT_EQ(cli.exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(cli.exitCode(), 130);
+    EXPECT_FALSE(QFileInfo::exists(workFile));
+    EXPECT_FALSE(QFileInfo::exists(dir.filePath("out/interrupted.mp4")));
+}
