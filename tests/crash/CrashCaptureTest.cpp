@@ -1,0 +1,164 @@
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <spawn.h>
+#include <sys/wait.h>
+
+#include <QDir>
+#include <QFile>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+#include <csignal>
+
+#include "crash/CrashPaths.h"
+#include "crash/CrashReportRecord.h"
+#include "crash/CrashReporter.h"
+
+extern char** environ;
+
+namespace {
+
+// Runs the crashing child in its own folders and keeps what it left behind. The child is
+// started with posix_spawn rather than QProcess, since the test needs the signal it died of.
+class CrashingChild {
+public:
+    explicit CrashingChild(const char* mode) {
+        const QByteArray pending = QFile::encodeName(pendingFolder());
+        const QByteArray logs = QFile::encodeName(logFolder());
+        const QByteArray output = QFile::encodeName(m_dir.filePath(QStringLiteral("output.txt")));
+        char* argv[] = {const_cast<char*>(ORVALE_CRASH_CHILD_PATH), const_cast<char*>(mode),
+                        const_cast<char*>(pending.constData()), const_cast<char*>(logs.constData()),
+                        nullptr};
+        posix_spawn_file_actions_t actions;
+        posix_spawn_file_actions_init(&actions);
+        posix_spawn_file_actions_addopen(&actions, 1, output.constData(), O_WRONLY | O_CREAT, 0644);
+        posix_spawn_file_actions_adddup2(&actions, 1, 2);
+        m_before = QDateTime::currentSecsSinceEpoch();
+        pid_t pid = -1;
+        if (posix_spawn(&pid, argv[0], &actions, nullptr, argv, environ) == 0) {
+            waitpid(pid, &m_status, 0);
+        }
+        m_after = QDateTime::currentSecsSinceEpoch();
+        posix_spawn_file_actions_destroy(&actions);
+    }
+
+    QString pendingFolder() const { return m_dir.filePath(QStringLiteral("pending")); }
+    QString logFolder() const { return m_dir.filePath(QStringLiteral("logs")); }
+
+    int signalOfDeath() const { return WIFSIGNALED(m_status) ? WTERMSIG(m_status) : 0; }
+    QString output() const { return read(m_dir.filePath(QStringLiteral("output.txt"))); }
+
+    std::optional<CrashReportRecord> record() const {
+        CrashReporter::Options options = CrashReporter::Options::defaults();
+        options.pendingRecordFolder = pendingFolder();
+        const auto data = CrashReporter(options).loadPendingCrashReportData();
+        return data ? CrashReportRecord::fromData(*data) : std::nullopt;
+    }
+
+    QStringList crashLogs() const { return QDir(logFolder()).entryList(QDir::Files); }
+    QString crashLog() const { return read(QDir(logFolder()).filePath(crashLogs().value(0))); }
+
+    bool happenedWhileRunning(const QDateTime& time) const {
+        return time.toSecsSinceEpoch() >= m_before && time.toSecsSinceEpoch() <= m_after;
+    }
+
+private:
+    static QString read(const QString& path) {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+    }
+
+    QTemporaryDir m_dir;
+    int m_status = 0;
+    qint64 m_before = 0;
+    qint64 m_after = 0;
+};
+
+// The log's name, its fixed lines, and a backtrace of at least a few frames.
+void expectCrashLog(const CrashingChild& child, const QString& exceptionType,
+                    const QString& faultAddress) {
+    ASSERT_EQ(child.crashLogs().size(), 1) << child.crashLogs().join(' ').toStdString();
+    EXPECT_TRUE(
+        QRegularExpression(QStringLiteral(R"(^Orvale_\d{4}-\d\d-\d\d-\d{6}_[^_/.]+\.crash$)"))
+            .match(child.crashLogs()[0])
+            .hasMatch())
+        << child.crashLogs()[0].toStdString();
+
+    const QString log = child.crashLog();
+    EXPECT_TRUE(log.startsWith(QStringLiteral("Process:         Orvale ["))) << log.toStdString();
+    EXPECT_TRUE(
+        log.contains(QStringLiteral("\nPath:            ") + ORVALE_CRASH_CHILD_PATH + '\n'));
+    EXPECT_TRUE(log.contains(QStringLiteral("\nException Type:  ") + exceptionType + '\n'));
+    EXPECT_TRUE(log.contains(QStringLiteral("\nFault Address:   ") + faultAddress + '\n'));
+    const QString backtrace = log.section(QStringLiteral("\nBacktrace:\n"), 1);
+    EXPECT_GE(backtrace.count(QStringLiteral("[0x")), 3) << log.toStdString();
+}
+
+}  // namespace
+
+TEST(CrashCapture, NullWriteDiesOfSegvAndLeavesRecordAndLog) {
+    const CrashingChild child("null-write");
+    EXPECT_EQ(child.signalOfDeath(), SIGSEGV) << child.output().toStdString();
+
+    const auto record = child.record();
+    ASSERT_TRUE(record);
+    EXPECT_TRUE(child.happenedWhileRunning(record->systemInfo.timestamp));
+    EXPECT_FALSE(record->exceptionInfo);
+    EXPECT_EQ(record->signalInfo.name, QStringLiteral("SIGSEGV"));
+    EXPECT_EQ(record->signalInfo.code, QStringLiteral("SEGV_MAPERR"));
+    EXPECT_EQ(record->signalInfo.address, 0u);
+    expectCrashLog(child, QStringLiteral("SIGSEGV (SEGV_MAPERR)"),
+                   QStringLiteral("0x0000000000000000"));
+}
+
+TEST(CrashCapture, UncaughtExceptionIsRecordedWithItsAbort) {
+    const CrashingChild child("uncaught-exception");
+    EXPECT_EQ(child.signalOfDeath(), SIGABRT);
+    // The library's own terminate message still reaches standard error.
+    EXPECT_TRUE(child.output().contains(QStringLiteral("the disk is on fire")));
+
+    const auto record = child.record();
+    ASSERT_TRUE(record);
+    ASSERT_TRUE(record->exceptionInfo);
+    EXPECT_EQ(record->exceptionInfo->exceptionName, QStringLiteral("std::runtime_error"));
+    EXPECT_EQ(record->exceptionInfo->exceptionReason,
+              QStringLiteral("the disk is on fire\nand so is the fan"));
+    EXPECT_EQ(record->signalInfo.name, QStringLiteral("SIGABRT"));
+
+    expectCrashLog(child, QStringLiteral("SIGABRT (SI_TKILL)"),
+                   QStringLiteral("0x0000000000000000"));
+    EXPECT_TRUE(child.crashLog().contains(
+        QStringLiteral("\nException Name:  std::runtime_error\n"
+                       "Exception Reason: the disk is on fire\\nand so is the fan\n")));
+}
+
+TEST(CrashCapture, SignalFromKillIsTakenForWhatItIs) {
+    const CrashingChild child("kill-segv");
+    EXPECT_EQ(child.signalOfDeath(), SIGSEGV);
+
+    const auto record = child.record();
+    ASSERT_TRUE(record);
+    EXPECT_EQ(record->signalInfo.name, QStringLiteral("SIGSEGV"));
+    EXPECT_EQ(record->signalInfo.code, QStringLiteral("SI_USER"));
+    EXPECT_EQ(record->signalInfo.address, 0u);  // not the sender's pid and uid read as one
+    expectCrashLog(child, QStringLiteral("SIGSEGV (SI_USER)"),
+                   QStringLiteral("0x0000000000000000"));
+}
+
+TEST(CrashCapture, StackOverflowIsReportedFromTheAlternateStack) {
+    const CrashingChild child("stack-overflow");
+    EXPECT_EQ(child.signalOfDeath(), SIGSEGV);
+
+    const auto record = child.record();
+    ASSERT_TRUE(record);
+    EXPECT_EQ(record->signalInfo.name, QStringLiteral("SIGSEGV"));
+    EXPECT_NE(record->signalInfo.address, 0u);
+    EXPECT_EQ(child.crashLogs().size(), 1);
+}
+
+TEST(CrashCapture, CrashLogsGoWhereTheCrashLogFinderLooksFirst) {
+    const QStringList candidates = CrashPaths::crashLogDirectoryCandidates();
+    ASSERT_EQ(candidates.size(), 2);
+    EXPECT_EQ(candidates[0], CrashReporter::Options::defaults().crashLogDirectory);
+    EXPECT_TRUE(candidates[0].endsWith(QStringLiteral("/Logs/DiagnosticReports")));
+    EXPECT_EQ(candidates[1], QStringLiteral("/var/crash"));
+}
