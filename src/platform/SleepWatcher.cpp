@@ -1,6 +1,7 @@
 #include "platform/SleepWatcher.h"
 
 #include <QDBusConnection>
+#include <QDBusError>
 
 #include "platform/Log.h"
 
