@@ -1,0 +1,205 @@
+#include <gtest/gtest.h>
+
+#include <QJsonArray>
+
+#include "service/ServerManagerHTTP.h"
+#include "support/RecordingServerDelegate.h"
+#include "support/ServiceProcess.h"
+
+namespace {
+
+const QString kBobToken = QStringLiteral("bob-fixed-token");  // fixed in the default fixture
+const QString kAlicePassword = QStringLiteral("wonder&land=1");
+
+// The pairs the service read from a request, as sorted "name=value" texts: order-free.
+QStringList pairsOf(const QJsonObject& record) {
+    QStringList pairs;
+    for (const QJsonValue& pair : record.value("pairs").toArray()) {
+        pairs << pair["name"].toString() + '=' + pair["value"].toString();
+    }
+    pairs.sort();
+    return pairs;
+}
+
+QString pairValue(const QJsonObject& record, const QString& name) {
+    for (const QJsonValue& pair : record.value("pairs").toArray()) {
+        if (pair["name"].toString() == name) {
+            return pair["value"].toString();
+        }
+    }
+    return {};
+}
+
+class ServerManagerOverLoopback : public testing::Test {
+protected:
+    explicit ServerManagerOverLoopback(const QStringList& serviceArguments = {})
+        : service(serviceArguments) {}
+
+    void SetUp() override {
+        ASSERT_TRUE(service.isRunning()) << service.errorString().toStdString();
+        client.setDelegate(&delegate);
+        client.setKBaseUrl(service.host());
+    }
+
+    RecordingServerDelegate::Report logIn(const QString& user, const QString& password) {
+        client.loginWithUsername(user, password);
+        return delegate.waitFor("login");
+    }
+
+    ServiceProcess service;
+    RecordingServerDelegate delegate;
+    ServerManagerHTTP client;
+};
+
+}  // namespace
+
+TEST_F(ServerManagerOverLoopback, EveryCallSendsExactlyItsPairsAsFormText) {
+    ASSERT_TRUE(logIn("bob", "builder").success);
+    auto category = std::make_shared<MediaLibraryCategory>();
+    category->ID = 1;
+    auto project = std::make_shared<Project>();
+    project->ID = 42;
+    client.loadPermissionsWithUserId(8);
+    delegate.waitFor("permissions");
+    client.loadMediaLibraryCategories();
+    delegate.waitFor("categories");
+    client.loadCreditsForCategory(category);
+    delegate.waitFor("credits");
+    client.loadProjectList();
+    delegate.waitFor("projects");
+    client.loadFoldersForProject(project);
+    delegate.waitFor("folders");
+
+    const QString token = "auth_token=" + kBobToken;
+    const QString json = "output_format=json";
+    const QString sortOrder = "order_by=sort_order";
+    const QList<QPair<QString, QStringList>> expected = {
+        {"/api/orvale/get_token/", {"connect_pw=builder", "connect_un=bob", json}},
+        {"/api/orvale/get_permissions", {token, json, "user_id=8"}},
+        {"/api/main/select_all/", {token, json, "section=media_type"}},
+        {"/api/main/select_all/",
+         {token, sortOrder, json, "section=media_attribute_type", "where=media_type_idEQ1"}},
+        {"/api/main/select_all/", {token, json, "section=project"}},
+        {"/api/main/select_all/",
+         {token, sortOrder, json, "section=project_category", "where=project_idEQ42"}},
+    };
+    const QList<QJsonObject> records = service.requests();
+    ASSERT_EQ(records.size(), expected.size()) << service.diagnostics().toStdString();
+    for (qsizetype i = 0; i < expected.size(); ++i) {
+        SCOPED_TRACE(expected[i].second.join('&').toStdString());
+        EXPECT_EQ(records[i]["method"].toString(), "POST");
+        EXPECT_EQ(records[i]["path"].toString(), expected[i].first);
+        EXPECT_EQ(pairsOf(records[i]), expected[i].second);
+        EXPECT_EQ(records[i]["headers"]["Content-Type"].toString(),
+                  "application/x-www-form-urlencoded");
+        EXPECT_TRUE(records[i]["problems"].toArray().isEmpty())
+            << records[i]["problems"][0].toString().toStdString();
+    }
+}
+
+TEST_F(ServerManagerOverLoopback, APasswordWithAmpersandAndEqualsIsSentAsTypedAndItsTokenReused) {
+    const auto login = logIn("alice", kAlicePassword);
+    ASSERT_TRUE(login.success) << login.error()->message.toStdString();
+    const QJsonObject loginRecord = service.requestsTo("get_token").value(0);
+    EXPECT_TRUE(loginRecord["body"].toString().contains("connect_pw=wonder&land=1"));
+    EXPECT_EQ(pairValue(loginRecord, "connect_pw"), kAlicePassword);
+
+    const QString token = login.value<QJsonObject>()["api_token"].toString();
+    EXPECT_FALSE(token.isEmpty());
+    EXPECT_EQ(client.authToken(), token);
+    client.loadProjectList();
+    ASSERT_TRUE(delegate.waitFor("projects").success);
+    EXPECT_EQ(pairValue(service.requestsTo("select_all").value(0), "auth_token"), token);
+}
+
+TEST_F(ServerManagerOverLoopback, ALoginAnsweredWithoutTokenFailsWithTheServicesMessage) {
+    client.setAuthToken("left over");
+    const auto login = logIn("alice", "wrong");
+    ASSERT_FALSE(login.success);
+    ASSERT_TRUE(login.error());
+    EXPECT_EQ(login.error()->message, "Invalid username or password.");
+    EXPECT_FALSE(login.error()->isServerError);
+    EXPECT_TRUE(client.authToken().isEmpty());
+}
+
+TEST_F(ServerManagerOverLoopback, PermissionsFollowTheLastEntryPerTableAndDefaultToNone) {
+    struct Case {
+        QString user;
+        QString password;
+        qint32 userId;
+        bool projects;
+        bool media;
+    };
+    const QList<Case> cases = {
+        {"alice", kAlicePassword, 7, true, true},
+        {"bob", "builder", 8, true, false},       // "media" listed twice: true, then false
+        {"carol", "no rights", 9, false, false},  // no "api_permissions" at all
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.user.toStdString());
+        delegate.reports.clear();
+        ASSERT_TRUE(logIn(c.user, c.password).success);
+        client.loadPermissionsWithUserId(c.userId);
+        const auto report = delegate.waitFor("permissions");
+        ASSERT_TRUE(report.success);
+        EXPECT_EQ(report.value<Permissions>().hasProjectsAccess, c.projects);
+        EXPECT_EQ(report.value<Permissions>().hasMediaLibAccess, c.media);
+    }
+}
+
+TEST_F(ServerManagerOverLoopback, ListsAreReadInTheServicesOrderWithTheirFields) {
+    ASSERT_TRUE(logIn("bob", "builder").success);
+    client.loadMediaLibraryCategories();
+    const auto categories = delegate.waitFor("categories").value<MediaLibraryCategoryList>();
+    ASSERT_EQ(categories.size(), 3);
+    EXPECT_EQ(categories[2]->ID, 3);
+    EXPECT_EQ(categories[2]->name, "Archive");
+    EXPECT_EQ(categories[2]->status, "inactive");
+
+    auto category = std::make_shared<MediaLibraryCategory>();
+    category->ID = 1;
+    client.loadCreditsForCategory(category);
+    const auto credits = delegate.waitFor("credits").value<CreditList>();
+    ASSERT_EQ(credits.size(), 2);
+    EXPECT_EQ(credits[0]->name, "Director");  // the service sorts by sort_order
+    EXPECT_EQ(credits[1]->ID, 12);
+    EXPECT_EQ(credits[1]->status, "active");
+
+    client.loadProjectList();
+    const auto projects = delegate.waitFor("projects").value<ProjectList>();
+    ASSERT_EQ(projects.size(), 3);
+    EXPECT_EQ(projects[0]->name, "beta");  // sorting is the job manager's business
+    EXPECT_EQ(projects[1]->ID, 43);
+}
+
+TEST_F(ServerManagerOverLoopback, AFoldersParentIsItsNumberOrNumericTextElseTopLevel) {
+    ASSERT_TRUE(logIn("bob", "builder").success);
+    for (const qint32 id : {42, 44}) {
+        auto project = std::make_shared<Project>();
+        project->ID = id;
+        client.loadFoldersForProject(project);
+        waitUntil([&] { return delegate.reports.size() == (id == 42 ? 2 : 3); });
+    }
+    ASSERT_EQ(delegate.reports.size(), 3);
+    FolderList folders =
+        delegate.reports[1].value<FolderList>() + delegate.reports[2].value<FolderList>();
+    QStringList parents;
+    for (const FolderPtr& folder : folders) {
+        parents << folder->name + ':' + QString::number(folder->parentID);
+    }
+    // A: null; B: missing; C: 101; D: "101"; E: 103; Top: "none"; the rest numbers.
+    EXPECT_EQ(parents, (QStringList{"A:-1", "B:-1", "C:101", "D:101", "E:103", "Top:-1",
+                                    "Orphan:999", "Loop one:124", "Loop two:123"}));
+}
+
+TEST(ServerManagerHTTP, ACallBeforeAnyAddressFailsOnTheNextTurnOfTheEventLoop) {
+    RecordingServerDelegate delegate;
+    ServerManagerHTTP client;
+    client.setDelegate(&delegate);
+    client.loadProjectList();
+    EXPECT_TRUE(delegate.reports.isEmpty());
+    const auto report = delegate.waitFor("projects");
+    EXPECT_FALSE(report.success);
+    ASSERT_TRUE(report.error());
+    EXPECT_EQ(report.error()->message, ServerManagerHTTP::kNoServiceAddressMessage);
+}
