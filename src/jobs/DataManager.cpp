@@ -30,16 +30,29 @@ bool needsEncoding(const File& file) {
 }  // namespace
 
 DataManager& DataManager::sharedInstance() {
-    static DataManager instance(NotificationCenter::defaultCenter(), LogindPowerAssertion::sharedInstance());
+    static DataManager instance(NotificationCenter::defaultCenter(),
+                                LogindPowerAssertion::sharedInstance(),
+                                UserDefaultsManager::sharedInstance());
     return instance;
 }
 
-DataManager::DataManager(NotificationCenter& center, PowerAssertion& powerAssertion, QObject* parent)
-    : QObject(parent), center_(center), powerAssertion_(powerAssertion), encoder_(std::make_unique<Encoder>()) {
+DataManager::DataManager(NotificationCenter& center, PowerAssertion& powerAssertion,
+                         UserDefaultsManager& userDefaultsManager, QObject* parent)
+    : QObject(parent),
+      center_(center),
+      powerAssertion_(powerAssertion),
+      userDefaultsManager_(userDefaultsManager) {
+    setUpSession();
+    encoder_ = std::make_unique<Encoder>();
     encoder_->setDelegate(this);
 }
 
+DataManager::DataManager(NotificationCenter& center, PowerAssertion& powerAssertion,
+                         QObject* parent)
+    : DataManager(center, powerAssertion, UserDefaultsManager::sharedInstance(), parent) {}
+
 DataManager::~DataManager() {
+    serverManager_->setDelegate(nullptr);
     encoder_->setDelegate(nullptr);
     releaseIdleSleepAssertion();
 }

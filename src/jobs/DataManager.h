@@ -5,21 +5,30 @@
 #include <QUrl>
 #include <QVariantMap>
 #include <memory>
+#include <optional>
 
 #include "media/Encoder.h"
+#include "model/User.h"
 #include "platform/NotificationCenter.h"
 #include "platform/PowerAssertion.h"
+#include "platform/UserDefaultsManager.h"
+#include "service/ServerManagerHTTP.h"
 
 // The one object that runs work on the user's files: probing, encode jobs, their queues and
-// progress, failures and the clean-up of unfinished encodes. It tells listeners what happens
-// through named notifications. All of its state lives on the main thread.
-class DataManager : public QObject, public EncoderDelegate {
+// progress, failures and the clean-up of unfinished encodes. It also holds the service session
+// and loads the service's catalogue. It tells listeners what happens through named
+// notifications. All of its state lives on the main thread.
+class DataManager : public QObject, public EncoderDelegate, public ServerDelegate {
     Q_OBJECT
 
 public:
     static DataManager& sharedInstance();
 
-    DataManager(NotificationCenter& center, PowerAssertion& powerAssertion, QObject* parent = nullptr);
+    DataManager(NotificationCenter& center, PowerAssertion& powerAssertion,
+                UserDefaultsManager& userDefaultsManager, QObject* parent = nullptr);
+    // With the application's settings store, for jobs that never touch the session.
+    DataManager(NotificationCenter& center, PowerAssertion& powerAssertion,
+                QObject* parent = nullptr);
     ~DataManager() override;
 
     // Probes the file on a thread of its own; "kNotificationDidFinishLoadingDetailsForFile"
@@ -51,6 +60,48 @@ public:
     float uploadMultiplier() const { return uploadMultiplier_; }
     Encoder& encoder() { return *encoder_; }
 
+    // Session and catalogue (DataManagerSession.cpp). Each load ends in one finish or fail
+    // notification; the lists are not kept here.
+    bool shouldAutoLogin() const { return loggedinUser_ != nullptr; }
+    // Logs in on the first API generation; switch to the second afterwards with setIsUsingV2.
+    void loginWithOrvaleUrl(const QString& orvaleUrl, const QString& username,
+                            const QString& password, bool shouldRememberUser);
+    void logout();
+    // Switching on moves the service addresses below "/v2" of the session's site; without a
+    // site yet they stay unset until a login. Switching off rebuilds nothing.
+    void setIsUsingV2(bool isUsingV2);
+    void loadPermissions();
+    void loadProjectList();
+    void loadMediaLibraryCategories();
+    void loadCreditsForCategory(const MediaLibraryCategoryPtr& category);
+    void loadFoldersForProject(const ProjectPtr& project);
+    static qint32 indexOfParentFolder(qint32 parentID, const FolderList& folders);
+
+    const UserPtr& loggedinUser() const { return loggedinUser_; }
+    const UserPtr& tempUser() const { return tempUser_; }
+    // True only while a login is waiting for its answer.
+    bool holdsTempPwd() const { return tempPwd_.has_value(); }
+    bool shouldRememberUser() const { return shouldRememberUser_; }
+    bool isUsingV2() const { return isUsingV2_; }
+    bool hasMediaLibAccess() const { return hasMediaLibAccess_; }
+    bool hasProjectsAccess() const { return hasProjectsAccess_; }
+    ServerManagerHTTP& serverManager() { return *serverManager_; }
+    UserDefaultsManager& userDefaultsManager() { return userDefaultsManager_; }
+
+    // ServerDelegate
+    void didFinishLoggingInWithResult(const ServerResult<QJsonObject>& result,
+                                      bool success) override;
+    void didFinishLoadingPermissionsWithResult(const ServerResult<Permissions>& result,
+                                               bool success) override;
+    void didFinishLoadingMediaLibraryCategories(
+        const ServerResult<MediaLibraryCategoryList>& result, bool success) override;
+    void didFinishLoadingProjectList(const ServerResult<ProjectList>& result,
+                                     bool success) override;
+    void didFinishLoadingCreditsForCategory(const ServerResult<CreditList>& result,
+                                            bool success) override;
+    void didFinishLoadingFoldersForProject(const ServerResult<FolderList>& result,
+                                           bool success) override;
+
     // EncoderDelegate
     void didFinishLoadingDetailsForFile(const FilePtr& file) override;
     void didChangeEncodedState(double milliseconds) override;
@@ -59,6 +110,8 @@ public:
     void didOccureProblemWhileEncodingFile(const FilePtr& file, bool isLastVideo) override;
 
 private:
+    void setUpSession();
+    void rememberUserIfAsked(const User& user);
     void resetJob(const FileList& files);
     void uploadFilesFromQueue();
     void accountUploadSizes();
@@ -70,7 +123,18 @@ private:
 
     NotificationCenter& center_;
     PowerAssertion& powerAssertion_;
+    UserDefaultsManager& userDefaultsManager_;
+    std::unique_ptr<ServerManagerHTTP> serverManager_;
     std::unique_ptr<Encoder> encoder_;
+
+    UserPtr loggedinUser_;
+    UserPtr tempUser_;
+    // Held only from the login's start to its answer; never written anywhere.
+    std::optional<QString> tempPwd_;
+    bool shouldRememberUser_ = false;
+    bool isUsingV2_ = false;
+    bool hasMediaLibAccess_ = false;
+    bool hasProjectsAccess_ = false;
 
     FileList files_;
     FileList filesQueue_;

@@ -14,4 +14,29 @@ inline constexpr QLatin1String kNotificationDidFinishUploading{"kNotificationDid
 inline constexpr QLatin1String kNotificationDidChangeUploadedBytes{"kNotificationDidChangeUploadedBytes"};
 inline constexpr QLatin1String kNotificationDidChangeUploadedPercent{"kNotificationDidChangeUploadedPercent"};
 inline constexpr QLatin1String kNotificationDidFailUploading{"kNotificationDidFailUploading"};
+
+// Session and catalogue. The credit names lack an "i" ("Loadng"); listeners use them as spelled.
+inline constexpr QLatin1String kNotificationDidFinishLoggingIn{"kNotificationDidFinishLoggingIn"};
+inline constexpr QLatin1String kNotificationDidFailLoggingIn{"kNotificationDidFailLoggingIn"};
+inline constexpr QLatin1String kNotificationDidFinishLoggingOut{"kNotificationDidFinishLoggingOut"};
+inline constexpr QLatin1String kNotificationDidFinishLoadingPermissions{
+    "kNotificationDidFinishLoadingPermissions"};
+inline constexpr QLatin1String kNotificationDidFailLoadingPermissions{
+    "kNotificationDidFailLoadingPermissions"};
+inline constexpr QLatin1String kNotificationDidFinishLoadingMediaLibraryCategories{
+    "kNotificationDidFinishLoadingMediaLibraryCategories"};
+inline constexpr QLatin1String kNotificationDidFailLoadingMediaLibraryCategories{
+    "kNotificationDidFailLoadingMediaLibraryCategories"};
+inline constexpr QLatin1String kNotificationDidFinishLoadingProjectList{
+    "kNotificationDidFinishLoadingProjectList"};
+inline constexpr QLatin1String kNotificationDidFailLoadingProjectList{
+    "kNotificationDidFailLoadingProjectList"};
+inline constexpr QLatin1String kNotificationDidFinishLoadngCreditsForCategory{
+    "kNotificationDidFinishLoadngCreditsForCategory"};
+inline constexpr QLatin1String kNotificationDidFailLoadngCreditsForCategory{
+    "kNotificationDidFailLoadngCreditsForCategory"};
+inline constexpr QLatin1String kNotificationDidFinishLoadingFoldersForProject{
+    "kNotificationDidFinishLoadingFoldersForProject"};
+inline constexpr QLatin1String kNotificationDidFailLoadingFoldersForProject{
+    "kNotificationDidFailLoadingFoldersForProject"};
 }  // namespace NotificationNames

@@ -36,3 +36,20 @@ std::optional<QString> UserDefaultsManager::uid() const {
     }
     return value.toString();
 }
+
+std::optional<UserDefaultsManager::RememberedUser> UserDefaultsManager::rememberedUser() const {
+    const QString orvaleUrl = settings_->value(kRememberedOrvaleUrlKey).toString();
+    if (orvaleUrl.isEmpty()) {
+        return std::nullopt;
+    }
+    return RememberedUser{orvaleUrl, settings_->value(kRememberedUsernameKey).toString()};
+}
+
+void UserDefaultsManager::setRememberedUser(const RememberedUser& user) {
+    settings_->setValue(kRememberedOrvaleUrlKey, user.orvaleUrl);
+    settings_->setValue(kRememberedUsernameKey, user.username);
+    settings_->sync();
+    if (settings_->status() != QSettings::NoError) {
+        LOG_WARNING("Could not write the remembered user to {}", settings_->fileName());
+    }
+}

@@ -11,6 +11,14 @@ class UserDefaultsManager {
 public:
     static inline const QString kShouldUseV2Key = QStringLiteral("shouldUseV2");
     static inline const QString kUidKey = QStringLiteral("uid");
+    static inline const QString kRememberedOrvaleUrlKey = QStringLiteral("rememberedOrvaleUrl");
+    static inline const QString kRememberedUsernameKey = QStringLiteral("rememberedUsername");
+
+    // Who asked to be remembered at their last login. Never a password: none is kept anywhere.
+    struct RememberedUser {
+        QString orvaleUrl;
+        QString username;
+    };
 
     // The application's store, named after QCoreApplication's organisation and application:
     // first use must come after those names are set.
@@ -31,6 +39,9 @@ public:
 
     // Set only from outside the application; sent with the promotional-content request.
     std::optional<QString> uid() const;
+
+    std::optional<RememberedUser> rememberedUser() const;
+    void setRememberedUser(const RememberedUser& user);
 
     // For the parts that keep their own keys in the same store (crash reporting).
     QSettings& settings() { return *settings_; }

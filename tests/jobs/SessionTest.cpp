@@ -1,0 +1,126 @@
+#include <gtest/gtest.h>
+
+#include <QFile>
+
+#include "support/RecordingSink.h"
+#include "support/SessionHarness.h"
+
+using namespace NotificationNames;
+
+namespace {
+
+QByteArray contentsOf(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+}  // namespace
+
+TEST(Session, ASuccessfulLoginMakesTheTempUserTheLoggedInUser) {
+    SessionHarness session;
+    ASSERT_TRUE(session.service.isRunning()) << session.service.errorString().toStdString();
+    session.manager.loginWithOrvaleUrl(session.service.host(), "bob", "builder", false);
+    EXPECT_TRUE(session.manager.holdsTempPwd());  // until the answer is in
+    EXPECT_FALSE(session.manager.shouldAutoLogin());
+
+    const UserPtr user = session.waitFor(kNotificationDidFinishLoggingIn).object.value<UserPtr>();
+    ASSERT_TRUE(user);
+    EXPECT_EQ(user, session.manager.loggedinUser());
+    EXPECT_EQ(user->ID, 8);  // "user_id" of the answer
+    EXPECT_EQ(user->username, "bob");
+    EXPECT_EQ(user->orvaleUrl, session.service.host());
+    EXPECT_FALSE(session.manager.tempUser());
+    EXPECT_FALSE(session.manager.holdsTempPwd());
+    EXPECT_TRUE(session.manager.shouldAutoLogin());
+    EXPECT_EQ(session.manager.serverManager().authToken(), "bob-fixed-token");
+}
+
+TEST(Session, ARefusedLoginLeavesNoSessionAndDropsThePassword) {
+    SessionHarness session;
+    ASSERT_TRUE(session.service.isRunning());
+    EXPECT_FALSE(session.logIn("bob", "wrong"));
+    const auto error =
+        session.waitFor(kNotificationDidFailLoggingIn).object.value<ErrorResponsePtr>();
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->message, "Invalid username or password.");
+    EXPECT_FALSE(session.manager.loggedinUser());
+    EXPECT_FALSE(session.manager.holdsTempPwd());
+    EXPECT_FALSE(session.manager.shouldAutoLogin());
+}
+
+TEST(Session, RememberingKeepsSiteAndNameButThePasswordGoesNowhere) {
+    for (const bool remember : {true, false}) {
+        SCOPED_TRACE(remember);
+        SessionHarness session;
+        ASSERT_TRUE(session.service.isRunning());
+        ScopedLogRecorder recorder;
+        ASSERT_TRUE(session.logIn("alice", "wonder&land=1", remember));
+
+        const auto remembered = session.defaults.rememberedUser();
+        EXPECT_EQ(remembered.has_value(), remember);
+        if (remembered) {
+            EXPECT_EQ(remembered->orvaleUrl, session.service.host());
+            EXPECT_EQ(remembered->username, "alice");
+            // and a new run reads it back
+            EXPECT_EQ(UserDefaultsManager(session.settingsFile()).rememberedUser()->username,
+                      "alice");
+        }
+        EXPECT_FALSE(contentsOf(session.settingsFile()).contains("wonder"));
+        EXPECT_FALSE(recorder.sink().contains("wonder"));
+    }
+}
+
+TEST(Session, LogoutEndsTheSessionAndLaterCallsGoWithoutToken) {
+    SessionHarness session;
+    ASSERT_TRUE(session.service.isRunning());
+    ASSERT_TRUE(session.logIn("bob", "builder"));
+    session.manager.logout();
+    EXPECT_EQ(session.log.count(kNotificationDidFinishLoggingOut), 1);
+    EXPECT_FALSE(session.manager.loggedinUser());
+    EXPECT_FALSE(session.manager.shouldAutoLogin());
+
+    session.manager.loadProjectList();
+    const auto error =
+        session.waitFor(kNotificationDidFailLoadingProjectList).object.value<ErrorResponsePtr>();
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->message, "Expected status code in (200-299), got 401");
+    const QJsonArray pairs = session.service.requestsTo("select_all").value(0)["pairs"].toArray();
+    EXPECT_TRUE(pairs.contains(QJsonObject{{"name", "auth_token"}, {"value", ""}}));
+}
+
+TEST(Session, TheSecondGenerationFollowsTheSessionsSiteUntilTheNextLogin) {
+    SessionHarness session;
+    ASSERT_TRUE(session.service.isRunning());
+    ASSERT_TRUE(session.logIn("bob", "builder"));
+    session.manager.setIsUsingV2(true);
+    session.manager.loadProjectList();
+    session.waitFor(kNotificationDidFinishLoadingProjectList);
+
+    session.log.received.clear();
+    ASSERT_TRUE(session.logIn("bob", "builder"));
+    EXPECT_FALSE(session.manager.isUsingV2());
+    session.manager.loadProjectList();
+    session.waitFor(kNotificationDidFinishLoadingProjectList);
+
+    QStringList generations;
+    for (const QJsonObject& request : session.service.requests()) {
+        generations << request["endpoint"].toString() + ' ' + request["prefix"].toString();
+    }
+    EXPECT_EQ(generations,
+              (QStringList{"get_token ", "select_all /v2", "get_token ", "select_all "}));
+}
+
+TEST(Session, AStoredChoiceOfTheSecondGenerationWaitsForASite) {
+    for (const bool stored : {false, true}) {
+        SCOPED_TRACE(stored);
+        SessionHarness session({.serviceArguments = {}, .shouldUseV2 = stored});
+        EXPECT_EQ(session.manager.isUsingV2(), stored);
+        EXPECT_EQ(session.manager.serverManager().addresses().isSet(), false);
+    }
+    SessionHarness session({.serviceArguments = {}, .shouldUseV2 = true});
+    session.manager.loadProjectList();
+    const auto error =
+        session.waitFor(kNotificationDidFailLoadingProjectList).object.value<ErrorResponsePtr>();
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->message, ServerManagerHTTP::kNoServiceAddressMessage);
+}
