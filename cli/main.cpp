@@ -3,9 +3,11 @@
 #include <memory>
 
 #include "BuildInfo.h"
+#include "CatalogueCommand.h"
 #include "Command.h"
 #include "ConsoleOutput.h"
 #include "EncodeCommand.h"
+#include "LoginCommand.h"
 #include "ProbeCommand.h"
 #include "platform/Log.h"
 #include "platform/Paths.h"
@@ -18,6 +20,12 @@ const QString usage = QStringLiteral(
     "Commands:\n"
     "  probe [--json] [--do-not-encode] PATH...            probe files and list the sizes offered\n"
     "  encode [--out DIR] [--preset SIZE] [--json] PATH... encode videos into an output folder\n"
+    "  login --server ADDRESS --user NAME [--v2]           log in and show the upload rights\n"
+    "  catalogue --server ADDRESS --user NAME [--v2] [--json]\n"
+    "      (projects | folders PROJECT_ID | categories | credits CATEGORY_ID)\n"
+    "                                                      list part of the service's catalogue\n"
+    "\n"
+    "The service commands read the password from $ORVALE_PASSWORD, else ask for it.\n"
     "\n"
     "Run 'orvale-cli COMMAND --help' for a command's options.\n");
 
@@ -27,6 +35,12 @@ std::unique_ptr<Command> commandNamed(const QString& name) {
     }
     if (name == QStringLiteral("encode")) {
         return std::make_unique<EncodeCommand>();
+    }
+    if (name == QStringLiteral("login")) {
+        return std::make_unique<LoginCommand>();
+    }
+    if (name == QStringLiteral("catalogue")) {
+        return std::make_unique<CatalogueCommand>();
     }
     return nullptr;
 }
