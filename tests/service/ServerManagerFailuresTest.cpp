@@ -31,13 +31,6 @@ TEST(ServerManagerHTTP, AddressesOfBothGenerationsSitBelowTheTypedAddress) {
     }
 }
 
-TEST(ServerManagerHTTP, AnAddressChangeKeepsTheSessionToken) {
-    ServerManagerHTTP client;
-    client.setAuthToken("token");
-    client.setKBaseUrl("media.example.org");
-    EXPECT_EQ(client.authToken(), "token");
-}
-
 TEST(ServerManagerHTTP, ActionStringsJoinPairsUnescaped) {
     using Map = std::optional<QVariantMap>;
     const QList<QPair<Map, std::optional<QString>>> cases = {
@@ -50,22 +43,6 @@ TEST(ServerManagerHTTP, ActionStringsJoinPairsUnescaped) {
     for (const auto& [dictionary, text] : cases) {
         EXPECT_EQ(ServerManagerHTTP::actionStringFromDictionary(dictionary), text);
     }
-}
-
-TEST(ServerManagerHTTP, AGetCarriesEverythingInTheAddressAndAPostInItsFormBody) {
-    const HttpRequest get =
-        ServerManagerHTTP::requestWithURL("http://h/x", "GET", "/action", "?a=1");
-    EXPECT_EQ(get.url().toString(), "http://h/x/action?a=1");
-    EXPECT_FALSE(get.hasBody());
-
-    const HttpRequest post =
-        ServerManagerHTTP::requestWithURL("http://h/x", "POST", "/action", "a=1&b=2");
-    EXPECT_EQ(post.url().toString(), "http://h/x/action");
-    ASSERT_TRUE(post.bodyBytes());
-    EXPECT_EQ(*post.bodyBytes(), "a=1&b=2");
-    EXPECT_EQ(post.header("Content-Type"), "application/x-www-form-urlencoded");
-
-    EXPECT_FALSE(ServerManagerHTTP::requestWithURL("http://h/x", "POST").hasBody());
 }
 
 TEST(ServerManagerHTTP, RefusedAnswersFailWithTheTransportsDescription) {

@@ -147,51 +147,6 @@ TEST_F(ServerManagerOverLoopback, PermissionsFollowTheLastEntryPerTableAndDefaul
     }
 }
 
-TEST_F(ServerManagerOverLoopback, ListsAreReadInTheServicesOrderWithTheirFields) {
-    ASSERT_TRUE(logIn("bob", "builder").success);
-    client.loadMediaLibraryCategories();
-    const auto categories = delegate.waitFor("categories").value<MediaLibraryCategoryList>();
-    ASSERT_EQ(categories.size(), 3);
-    EXPECT_EQ(categories[2]->ID, 3);
-    EXPECT_EQ(categories[2]->name, "Archive");
-    EXPECT_EQ(categories[2]->status, "inactive");
-
-    auto category = std::make_shared<MediaLibraryCategory>();
-    category->ID = 1;
-    client.loadCreditsForCategory(category);
-    const auto credits = delegate.waitFor("credits").value<CreditList>();
-    ASSERT_EQ(credits.size(), 2);
-    EXPECT_EQ(credits[0]->name, "Director");  // the service sorts by sort_order
-    EXPECT_EQ(credits[1]->ID, 12);
-    EXPECT_EQ(credits[1]->status, "active");
-
-    client.loadProjectList();
-    const auto projects = delegate.waitFor("projects").value<ProjectList>();
-    ASSERT_EQ(projects.size(), 3);
-    EXPECT_EQ(projects[0]->name, "beta");  // sorting is the job manager's business
-    EXPECT_EQ(projects[1]->ID, 43);
-}
-
-TEST_F(ServerManagerOverLoopback, AFoldersParentIsItsNumberOrNumericTextElseTopLevel) {
-    ASSERT_TRUE(logIn("bob", "builder").success);
-    for (const qint32 id : {42, 44}) {
-        auto project = std::make_shared<Project>();
-        project->ID = id;
-        client.loadFoldersForProject(project);
-        waitUntil([&] { return delegate.reports.size() == (id == 42 ? 2 : 3); });
-    }
-    ASSERT_EQ(delegate.reports.size(), 3);
-    FolderList folders =
-        delegate.reports[1].value<FolderList>() + delegate.reports[2].value<FolderList>();
-    QStringList parents;
-    for (const FolderPtr& folder : folders) {
-        parents << folder->name + ':' + QString::number(folder->parentID);
-    }
-    // A: null; B: missing; C: 101; D: "101"; E: 103; Top: "none"; the rest numbers.
-    EXPECT_EQ(parents, (QStringList{"A:-1", "B:-1", "C:101", "D:101", "E:103", "Top:-1",
-                                    "Orphan:999", "Loop one:124", "Loop two:123"}));
-}
-
 TEST(ServerManagerHTTP, ACallBeforeAnyAddressFailsOnTheNextTurnOfTheEventLoop) {
     RecordingServerDelegate delegate;
     ServerManagerHTTP client;
