@@ -81,6 +81,17 @@ void DataManager::startLocalEncodeForFiles(const FileList& files, const QUrl& ou
     resetJob(files);
 
     FileList encodeList;
+    splitIntoEncodeListAndUploadQueue(files, encodeList);
+    if (encodeList.isEmpty()) {
+        // Nothing to wait for: hand the files on now, which also completes the job.
+        uploadFilesFromQueue();
+        return;
+    }
+    encoder_->encodeFiles(encodeList);
+    isEncoding_ = true;
+}
+
+void DataManager::splitIntoEncodeListAndUploadQueue(const FileList& files, FileList& encodeList) {
     for (const FilePtr& file : files) {
         totalBytesToWrite_ = static_cast<quint64>(static_cast<double>(totalBytesToWrite_) + file->size);
         if (needsEncoding(*file)) {
@@ -90,13 +101,6 @@ void DataManager::startLocalEncodeForFiles(const FileList& files, const QUrl& ou
             uploadQueue_.append(file);
         }
     }
-    if (encodeList.isEmpty()) {
-        // Nothing to wait for: hand the files on now, which also completes the job.
-        uploadFilesFromQueue();
-        return;
-    }
-    encoder_->encodeFiles(encodeList);
-    isEncoding_ = true;
 }
 
 void DataManager::resetJob(const FileList& files) {
@@ -142,10 +146,12 @@ void DataManager::accountUploadSizes() {
 void DataManager::uploadFilesFromQueue() {
     LOG_VERBOSE("upload files from queue, count: {}", uploadQueue_.size());
     accountUploadSizes();
-    if (isLocalEncode_) {
-        for (const FilePtr& file : std::as_const(uploadQueue_)) {
-            moveToOutputFolder(file);
-        }
+    if (!isLocalEncode_) {
+        sendToService(uploadQueue_);
+        return;
+    }
+    for (const FilePtr& file : std::as_const(uploadQueue_)) {
+        moveToOutputFolder(file);
     }
     for (const FilePtr& file : std::as_const(uploadQueue_)) {
         filesQueue_.removeAll(file);
@@ -243,7 +249,11 @@ void DataManager::didOccureProblemWhileEncodingFile(const FilePtr& file, bool is
         isEncoding_ = false;
         post(kNotificationDidChangeEncodedPercent, 100.0f);
         if (!isUploading_ && uploadQueue_.isEmpty()) {
-            postCompletionIfLocalJobIsDone();
+            if (isLocalEncode_) {
+                postCompletionIfLocalJobIsDone();
+            } else {
+                endUploadJobAfterLastEncodeFailed();
+            }
         }
     }
 }

@@ -36,6 +36,20 @@ public:
     void addVideoDetailsToFileIfNeeded(const FilePtr& file);
 
     void startLocalEncodeForFiles(const FileList& files, const QUrl& outputDirectory);
+
+    // Upload jobs (DataManagerUploads.cpp): files encode and upload at the same time.
+    void startUploadProcessForFiles(const FileList& files, const QVariantMap& parameters,
+                                    bool uploadToMediaLibrary);
+    void retryUploadForFailedFiles();
+    void stopUploading();
+    // The per-chunk byte line goes to standard output (the app) or to the log (orvale-cli,
+    // whose standard output is its own).
+    void setByteLinesToStandardOutput(bool toStandardOutput) { byteLinesToStdout_ = toStandardOutput; }
+    const FileList& uploadFailedFiles() const { return uploadFailedFiles_; }
+    float currentUploadPercent() const { return currentUploadPercent_; }
+    quint64 bytesWritten() const { return bytesWritten_; }
+    const QString& uploadFsString() const { return uploadFsString_; }
+    bool isUploadingToMediaLibrary() const { return isUploadingToMediaLibrary_; }
     void stopEncoding();
     // Removes the encodes of files not yet handed on; for the end of the process.
     void deleteEncodedFilesIfNecessary();
@@ -101,6 +115,9 @@ public:
                                             bool success) override;
     void didFinishLoadingFoldersForProject(const ServerResult<FolderList>& result,
                                            bool success) override;
+    void didWriteBytes(quint64 bytes) override;
+    void didFinishUploadingFile(const FilePtr& file, bool success) override;
+    void didFinishUploadingWithResult(const ErrorResponsePtr& error, bool success) override;
 
     // EncoderDelegate
     void didFinishLoadingDetailsForFile(const FilePtr& file) override;
@@ -114,6 +131,10 @@ private:
     void rememberUserIfAsked(const User& user);
     void resetJob(const FileList& files);
     void uploadFilesFromQueue();
+    void sendToService(const FileList& batch);
+    void splitIntoEncodeListAndUploadQueue(const FileList& files, FileList& encodeList);
+    void updateByteTexts(quint64 written, quint64 total, float percent);
+    void endUploadJobAfterLastEncodeFailed();
     void accountUploadSizes();
     void moveToOutputFolder(const FilePtr& file);
     void postCompletionIfLocalJobIsDone();
@@ -158,4 +179,9 @@ private:
     float currentUploadPercent_ = 0;
     float uploadMultiplier_ = 1.0f;
     quint32 idleSleepAssertion_ = 0;
+    bool byteLinesToStdout_ = true;
+    quint64 byteTextGeneration_ = 0;
+    QString uploadedFileSize_;
+    QString totalFileSize_;
+    QString uploadFsString_;
 };

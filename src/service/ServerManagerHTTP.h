@@ -6,6 +6,7 @@
 #include <QVariantMap>
 #include <optional>
 
+#include "service/HttpBatchQueue.h"
 #include "service/HttpTransport.h"
 #include "service/JsonRequest.h"
 #include "service/ServerDelegate.h"
@@ -63,6 +64,16 @@ public:
     // For calls that need the same transport, such as uploads.
     HttpTransport& transport() { return transport_; }
 
+    // Uploads: one multipart POST per file, one file at a time. Bytes, each file's answer and
+    // one batch result are reported to the delegate.
+    static inline const QString kNoSessionMessage =
+        QStringLiteral("No one is signed in to a service; sign in and try again.");
+    void uploadFilesToProjects(const FileList& files, const QVariantMap& parameters);
+    void uploadFilesToMediaLibrary(const FileList& files, const QVariantMap& parameters);
+    void uploadFiles(const FileList& files, const QVariantMap& fields, const QUrl& baseURL);
+    // Cancels every request of the running batch, which then ends as a failed batch.
+    void stopUploading();
+
 private:
     template <typename Value>
     using Report = void (ServerDelegate::*)(const ServerResult<Value>&, bool);
@@ -90,9 +101,17 @@ private:
         }
     }
 
+    void uploadSucceeded(const FilePtr& file, const HttpResponse& response);
+    void uploadFailed(const QString& description);
+    void finishBatch();
+    bool hasSession() const;
+
     ServerDelegate* delegate_ = nullptr;
     ServiceAddresses addresses_;
+    ErrorResponsePtr error_;
+    bool batchRunning_ = false;
     QString authToken_;
     // Last, so that it goes first: no handler runs once the client is being torn down.
     HttpTransport transport_;
+    std::unique_ptr<HttpBatchQueue> httpClient_;
 };
