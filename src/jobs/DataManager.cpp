@@ -108,7 +108,6 @@ void DataManager::resetJob(const FileList& files) {
     filesQueue_ = files;
     encodedVideosDuration_ = 0;
     bytesWritten_ = 0;
-    lastUIByteUpdate_ = 0;
     totalDuration_ = 0;
     currentUploadPercent_ = 0;
     uploadMultiplier_ = 1.0f;

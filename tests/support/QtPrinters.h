@@ -27,3 +27,8 @@ inline void PrintTo(const QStringList& list, std::ostream* out) {
 inline void PrintTo(const QUrl& url, std::ostream* out) {
     *out << url.toString().toStdString();
 }
+
+// Lets test messages take Qt strings: EXPECT_TRUE(x) << someQString.
+inline std::ostream& operator<<(std::ostream& out, const QString& text) {
+    return out << text.toStdString();
+}

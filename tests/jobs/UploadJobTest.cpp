@@ -1,0 +1,194 @@
+#include <gtest/gtest.h>
+
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QTemporaryDir>
+
+#include "jobs/DataManager.h"
+#include "jobs/NotificationNames.h"
+#include "service/ServerManagerHTTP.h"
+#include "support/EventLoop.h"
+#include "support/FakePowerAssertion.h"
+#include "support/JobFiles.h"
+#include "support/NotificationLog.h"
+#include "support/ServiceProcess.h"
+#include "support/TestMedia.h"
+
+using namespace NotificationNames;
+
+namespace {
+
+const QStringList uploadNotifications = {kNotificationDidChangeEncodedPercent, kNotificationDidChangeUploadedBytes,
+                                         kNotificationDidChangeUploadedPercent, kNotificationDidFinishUploading,
+                                         kNotificationDidFailUploading, kNotificationDidFinishLoggingIn};
+
+class UploadJob : public testing::Test {
+protected:
+    void start(const QStringList& serviceArguments = {}) {
+        service = std::make_unique<ServiceProcess>(serviceArguments);
+        ASSERT_TRUE(service->isRunning()) << service->errorString().toStdString();
+        manager.setByteLinesToStandardOutput(false);
+        manager.loginWithOrvaleUrl(service->host(), "bob", "builder", false);
+        ASSERT_TRUE(waitUntil([&] { return log.count(kNotificationDidFinishLoggingIn) == 1; }));
+    }
+    // Types like these are never probed (ffprobe would even take a large text for ANSI art).
+    static FilePtr passThrough(const QString& name, const QByteArray& content) {
+        return std::make_shared<File>(QUrl::fromLocalFile(TestMedia::textFile(name, content)));
+    }
+    bool waitForEnd() {
+        return waitUntil([&] {
+            return log.count(kNotificationDidFinishUploading) + log.count(kNotificationDidFailUploading) > 0;
+        }, 60000);
+    }
+    QString failureMessage() const {
+        for (const Notification& n : log.received) {
+            if (n.name == kNotificationDidFailUploading) {
+                return n.object.value<ErrorResponsePtr>()->message;
+            }
+        }
+        return {};
+    }
+    static QByteArray contentOf(const QString& path) {
+        QFile file(path);
+        file.open(QIODevice::ReadOnly);
+        return file.readAll();
+    }
+
+    QTemporaryDir settingsDir;
+    UserDefaultsManager settings{settingsDir.filePath("settings.conf")};
+    NotificationCenter center;
+    FakePowerAssertion power;
+    DataManager manager{center, power, settings};
+    NotificationLog log{center, uploadNotifications};
+    std::unique_ptr<ServiceProcess> service;
+    const QVariantMap toFolder{{"folder", 103}, {"description", "trip"}, {"tags", QStringList{"sea", "sky"}}};
+};
+
+}  // namespace
+
+TEST_F(UploadJob, EncodedAndPassThroughFilesReachTheServiceByteForByte) {
+    start();
+    const FilePtr text = passThrough("upload-notes.nfo", QByteArray(100000, 'n'));
+    const FilePtr video = probedFile(TestMedia::copyNamed(TestMedia::video(320, 180, 1, true), "upload-video.mov"));
+    manager.startUploadProcessForFiles({video, text}, toFolder, false);
+    ASSERT_TRUE(waitForEnd());
+
+    EXPECT_EQ(log.count(kNotificationDidFinishUploading), 1);
+    EXPECT_EQ(manager.uploadedFilesCount(), 2);
+    EXPECT_TRUE(manager.failedFiles().isEmpty());
+    EXPECT_EQ(power.created, 1);
+    EXPECT_EQ(power.held, 0);
+    // The accepted encode is gone from the work folder; the source is untouched.
+    EXPECT_FALSE(QFile::exists(video->videoDetail->encodedVideoUrl.toLocalFile()));
+    EXPECT_TRUE(QFile::exists(video->path()));
+
+    const QList<QJsonObject> uploads = service->uploads();
+    ASSERT_EQ(uploads.size(), 2);
+    for (const QJsonObject& upload : uploads) {
+        EXPECT_TRUE(upload.value("framing_ok").toBool());
+        EXPECT_TRUE(upload.value("length_ok").toBool());
+        EXPECT_TRUE(upload.value("problems").toArray().isEmpty()) << QJsonDocument(upload).toJson().toStdString();
+    }
+    // The pass-through file went first, at once, while the video was encoding.
+    const QJsonObject first = uploads.first().value("files").toArray().first().toObject();
+    EXPECT_EQ(first.value("filename").toString(), "upload-notes.nfo");
+    EXPECT_EQ(contentOf(first.value("stored").toString()), contentOf(text->path()));
+    const QJsonObject second = uploads.last().value("files").toArray().first().toObject();
+    EXPECT_EQ(second.value("filename").toString(), "upload-video.mp4");
+    EXPECT_EQ(second.value("size").toDouble(), video->videoDetail->encodedSize);
+}
+
+TEST_F(UploadJob, A500OnTheSecondOfThreeStopsTheBatchAndFailsTheRest) {
+    start({"--fault", "put_project_file=status:500,nth:2"});
+    const FileList files = {passThrough("f1.txt", "one"), passThrough("f2.txt", "two"), passThrough("f3.txt", "three")};
+    manager.startUploadProcessForFiles(files, toFolder, false);
+    ASSERT_TRUE(waitForEnd());
+    waitUntil([] { return false; }, 300);
+
+    EXPECT_EQ(log.count(kNotificationDidFailUploading), 1);
+    EXPECT_EQ(log.count(kNotificationDidFinishUploading), 0);
+    EXPECT_EQ(failureMessage(),
+              "Cannot connect to the Orvale server. (Message: Expected status code in (200-299), got 500)");
+    EXPECT_EQ(manager.uploadedFiles(), FileList{files[0]});
+    EXPECT_EQ(manager.failedFiles(), (FileList{files[1], files[2]}));
+    EXPECT_EQ(service->requestsTo("put_project_file").size(), 2);
+    EXPECT_EQ(power.held, 0);
+}
+
+TEST_F(UploadJob, AnAnswerThatIsNotJsonFailsThatFileOnlyAndTheJobGoesOn) {
+    start({"--fault", "put_project_file=nonjson,nth:1"});
+    const FileList files = {passThrough("n1.txt", "one"), passThrough("n2.txt", "two")};
+    manager.startUploadProcessForFiles(files, toFolder, false);
+    ASSERT_TRUE(waitForEnd());
+    EXPECT_EQ(log.count(kNotificationDidFinishUploading), 1);
+    EXPECT_EQ(manager.failedFiles(), FileList{files[0]});
+    EXPECT_EQ(manager.uploadedFiles(), FileList{files[1]});
+}
+
+TEST_F(UploadJob, StoppingReportsOneFailureWithTheCancellation) {
+    start({"--fault", "put_project_file=delay:5000"});
+    manager.startUploadProcessForFiles({passThrough("slow.txt", "slow")}, toFolder, false);
+    ASSERT_TRUE(waitUntil([&] { return !service->requests().isEmpty(); }, 10000));
+    manager.stopUploading();
+    ASSERT_TRUE(waitForEnd());
+    EXPECT_EQ(failureMessage(), "Cannot connect to the Orvale server. (Message: cancelled)");
+    EXPECT_EQ(log.count(kNotificationDidFailUploading), 1);
+}
+
+TEST_F(UploadJob, TryAgainUploadsAnAlreadyEncodedFileWithoutEncodingItAgain) {
+    start({"--fault", "put_project_file=status:503,nth:1"});
+    const FilePtr video = probedFile(TestMedia::copyNamed(TestMedia::video(320, 180, 1, true), "retry-video.mov"));
+    manager.startUploadProcessForFiles({video}, toFolder, false);
+    ASSERT_TRUE(waitForEnd());
+    ASSERT_EQ(manager.failedFiles(), FileList{video});
+    ASSERT_TRUE(video->videoDetail->encodeSuccess);
+    log.received.clear();
+
+    manager.retryUploadForFailedFiles();
+    ASSERT_TRUE(waitForEnd());
+    EXPECT_EQ(log.count(kNotificationDidFinishUploading), 1);
+    EXPECT_EQ(log.percents(), QList<float>{});  // no encode progress: nothing was encoded
+    EXPECT_EQ(manager.uploadedFiles(), FileList{video});
+    EXPECT_EQ(service->uploads().size(), 2);
+}
+
+TEST(UploadJobWithoutSession, FailsAtOnceSayingNoOneIsSignedIn) {
+    QTemporaryDir dir;
+    UserDefaultsManager settings(dir.filePath("settings.conf"));
+    NotificationCenter center;
+    FakePowerAssertion power;
+    DataManager manager(center, power, settings);
+    NotificationLog log(center, {kNotificationDidFailUploading});
+    manager.startUploadProcessForFiles({std::make_shared<File>(QUrl::fromLocalFile(TestMedia::textFile("alone.txt", "x")))},
+                                       {}, false);
+    ASSERT_TRUE(waitUntil([&] { return log.count(kNotificationDidFailUploading) == 1; }));
+    EXPECT_EQ(log.received.first().object.value<ErrorResponsePtr>()->message, ServerManagerHTTP::kNoSessionMessage);
+    EXPECT_EQ(power.held, 0);
+}
+
+TEST(UploadProgress, TextsComeAtMostOncePer2500000BytesAndAtOnceInALaterJob) {
+    QTemporaryDir dir;
+    UserDefaultsManager settings(dir.filePath("settings.conf"));
+    NotificationCenter center;
+    FakePowerAssertion power;
+    DataManager manager(center, power, settings);
+    manager.setByteLinesToStandardOutput(false);
+    NotificationLog log(center, {kNotificationDidChangeUploadedBytes, kNotificationDidFailUploading});
+    auto textsAfter = [&](int chunks) {
+        for (int i = 0; i < chunks; ++i) {
+            manager.didWriteBytes(1000000);
+        }
+        waitUntil([] { return false; }, 200);
+        return log.count(kNotificationDidChangeUploadedBytes);
+    };
+
+    EXPECT_EQ(textsAfter(2), 0);
+    EXPECT_EQ(textsAfter(1), 1);
+    EXPECT_EQ(log.received.last().object.toString(), "3 MB / 0 bytes");
+    EXPECT_EQ(textsAfter(3), 2);
+
+    // A later job starts its byte count below the last mark, so its first chunk shows at once.
+    manager.startUploadProcessForFiles({}, {}, false);
+    EXPECT_EQ(textsAfter(1), 3);
+}
