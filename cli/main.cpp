@@ -9,6 +9,7 @@
 #include "EncodeCommand.h"
 #include "LoginCommand.h"
 #include "ProbeCommand.h"
+#include "UploadCommand.h"
 #include "platform/Log.h"
 #include "platform/Paths.h"
 
@@ -24,6 +25,10 @@ const QString usage = QStringLiteral(
     "  catalogue --server ADDRESS --user NAME [--v2] [--json]\n"
     "      (projects | folders PROJECT_ID | categories | credits CATEGORY_ID)\n"
     "                                                      list part of the service's catalogue\n"
+    "  upload --server ADDRESS --user NAME [--v2]\n"
+    "      (--folder ID [--description TEXT] | --category ID [--credit ID=VALUE]...)\n"
+    "      [--tag TEXT]... [--preserve-original] [--do-not-encode] [--preset SIZE] [--json] PATH...\n"
+    "                                                      encode and upload files\n"
     "\n"
     "The service commands read the password from $ORVALE_PASSWORD, else ask for it.\n"
     "\n"
@@ -41,6 +46,9 @@ std::unique_ptr<Command> commandNamed(const QString& name) {
     }
     if (name == QStringLiteral("catalogue")) {
         return std::make_unique<CatalogueCommand>();
+    }
+    if (name == QStringLiteral("upload")) {
+        return std::make_unique<UploadCommand>();
     }
     return nullptr;
 }

@@ -1,0 +1,122 @@
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonObject>
+
+#include "support/CliRun.h"
+#include "support/ServiceProcess.h"
+#include "support/TestMedia.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+QProcessEnvironment withPassword(const QString& password) {
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert("ORVALE_PASSWORD", password);
+    return environment;
+}
+
+QByteArray contentsOf(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+QStringList fieldNames(const QJsonObject& upload) {
+    QStringList names;
+    for (const QJsonValue& field : upload["fields"].toArray()) {
+        names << field.toObject()["name"].toString();
+    }
+    return names;
+}
+
+class UploadCommand : public testing::Test {
+protected:
+    void SetUp() override {
+        ASSERT_TRUE(service.isRunning()) << service.errorString().toStdString();
+    }
+
+    CliRun upload(const QStringList& arguments, const QString& user = "bob",
+                  const QString& password = "builder") {
+        return CliRun::run(QStringList{"upload", "--server", service.host(), "--user", user} +
+                               arguments,
+                           withPassword(password), 60000);
+    }
+
+    ServiceProcess service;
+};
+
+}  // namespace
+
+TEST_F(UploadCommand, FilesThatPassThroughArriveByteForByteWithTheirFields) {
+    const QString clip = TestMedia::copyNamed(TestMedia::video(320, 180, 1), "upload clip.mov");
+    const QString notes = TestMedia::textFile("upload notes.txt", "not a video\r\n\0binary"_qba);
+    const CliRun run = upload({"--folder", "103", "--description", "a=b&c", "--tag", "demo",
+                               "--tag", "second tag", "--do-not-encode", clip, notes});
+
+    EXPECT_EQ(run.exitCode, 0) << run.err.toStdString();
+    EXPECT_EQ(QString::fromUtf8(run.out), "Uploaded: 2\n");
+    const QList<QJsonObject> uploads = service.uploads();
+    ASSERT_EQ(uploads.size(), 2) << service.diagnostics().toStdString();
+    const QStringList sources{clip, notes};
+    for (int i = 0; i < uploads.size(); ++i) {
+        SCOPED_TRACE(sources[i].toStdString());
+        EXPECT_EQ(uploads[i]["status"].toInt(), 200);
+        EXPECT_TRUE(uploads[i]["problems"].toArray().isEmpty());
+        EXPECT_EQ(fieldNames(uploads[i]), (QStringList{"auth_token", "description", "folder_id",
+                                                       "output_format", "tags[]", "tags[]"}));
+        const QJsonArray files = uploads[i]["files"].toArray();
+        ASSERT_EQ(files.size(), 1);
+        EXPECT_EQ(files[0].toObject()["field"].toString(), "media_file");
+        EXPECT_EQ(contentsOf(files[0].toObject()["stored"].toString()), contentsOf(sources[i]));
+    }
+}
+
+TEST_F(UploadCommand, JsonCountsUploadsAndNamesTheFilesTheServiceRefused) {
+    const QString notes = TestMedia::textFile("upload credits.txt", "credited");
+    const CliRun library = upload(
+        {"--json", "--category", "1", "--credit", "3=Jane Doe", "--credit", "12=", notes},
+        "alice", "wonder&land=1");
+    EXPECT_EQ(library.exitCode, 0) << library.err.toStdString();
+    EXPECT_EQ(library.json().object(),
+              (QJsonObject{{"uploaded", 1}, {"failed", QJsonArray()}}));
+    ASSERT_EQ(service.uploads().size(), 1);
+    // An empty credit is not sent.
+    EXPECT_EQ(fieldNames(service.uploads()[0]),
+              (QStringList{"auth_token", "credits_3", "media_type_id", "output_format"}));
+
+    const CliRun refused = upload({"--json", "--folder", "999", notes});
+    EXPECT_EQ(refused.exitCode, 1) << refused.err.toStdString();
+    EXPECT_EQ(refused.json().object(),
+              (QJsonObject{{"uploaded", 0}, {"failed", QJsonArray{notes}}}));
+}
+
+TEST_F(UploadCommand, LoginFailuresAndUsageErrorsUploadNothing) {
+    const QString notes = TestMedia::textFile("upload never.txt", "never sent");
+    struct Case {
+        QStringList arguments;
+        QString password;
+        int exitCode;
+        QString inError;
+    };
+    const QList<Case> cases = {
+        {{"--folder", "103", notes}, "wrong", 3, "Invalid username or password."},
+        {{notes}, "builder", 2, "--folder ID or --category ID"},
+        {{"--folder", "103", "--category", "1", notes}, "builder", 2, "either"},
+        {{"--folder", "103", "--credit", "3=x", notes}, "builder", 2, "--credit"},
+        {{"--category", "1", "--credit", "three=x", notes}, "builder", 2, "three=x"},
+        {{"--folder", "A", notes}, "builder", 2, "number"},
+        {{"--folder", "103"}, "builder", 2, "no paths"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.arguments.join(' ').toStdString());
+        const CliRun run = upload(c.arguments, "bob", c.password);
+        EXPECT_EQ(run.exitCode, c.exitCode);
+        EXPECT_TRUE(run.err.contains(c.inError)) << run.err.toStdString();
+        EXPECT_TRUE(run.out.isEmpty());
+    }
+    EXPECT_TRUE(service.uploads().isEmpty());
+    EXPECT_EQ(service.requests().size(), 1);
+}
