@@ -1,0 +1,87 @@
+#include "crash/PellCrashReporter.h"
+
+#include <QDir>
+#include <QDirIterator>
+#include <QFileInfo>
+#include <stdexcept>
+
+#include "crash/CrashPaths.h"
+#include "platform/Log.h"
+
+PellCrashReporter::Options PellCrashReporter::Options::defaults() {
+    return {CrashPaths::crashLogDirectoryCandidates(), ApplicationInfo::current()};
+}
+
+PellCrashReporter::PellCrashReporter(QSettings& settings, NotificationCenter& center,
+                                     Options options, QObject* parent)
+    : QObject(parent), m_settings(settings), m_center(center), m_options(std::move(options)) {}
+
+PellCrashReporter::~PellCrashReporter() = default;
+
+QStringList PellCrashReporter::crashLogDirectories() const {
+    for (const QString& candidate : m_options.crashLogDirectoryCandidates) {
+        if (QFileInfo(candidate).isDir()) {
+            LOG_VERBOSE("path: {}", candidate);
+            return {candidate};
+        }
+    }
+    return {};
+}
+
+QStringList PellCrashReporter::crashLogPaths() const {
+    QStringList paths;
+    for (const QString& directory : crashLogDirectories()) {
+        const QDir base(directory);
+        QDirIterator entries(directory, QDir::Files | QDir::Hidden | QDir::NoDotAndDotDot,
+                             QDirIterator::Subdirectories);
+        while (entries.hasNext()) {
+            const QString path = entries.next();
+            if (base.relativeFilePath(path).startsWith(m_options.application.name)) {
+                paths.append(path);
+            }
+        }
+    }
+    return paths;
+}
+
+QDateTime PellCrashReporter::lastCrashReportDate() {
+    if (const auto stored = m_settings.lastCrashReportDate()) {
+        return *stored;
+    }
+    const QDateTime now = QDateTime::currentDateTimeUtc();
+    m_settings.setLastCrashReportDate(now);
+    return now;
+}
+
+bool PellCrashReporter::checkForNewCrashes() {
+    const QString submissionURL = m_settings.submissionURL();
+    if (submissionURL.isEmpty()) {
+        LOG_ERROR("{}: {}", kMissingSubmissionURL, kMissingSubmissionURLReason);
+        throw std::runtime_error(
+            (kMissingSubmissionURL + QStringLiteral(": ") + kMissingSubmissionURLReason)
+                .toStdString());
+    }
+    const QDateTime lastDate = lastCrashReportDate();
+    for (const QString& path : crashLogPaths()) {
+        const QDateTime modified = QFileInfo(path).lastModified();
+        if (!modified.isValid()) {
+            LOG_VERBOSE("No modification date for {}; skipped", path);
+            continue;
+        }
+        if (modified > lastDate) {
+            send(path, modified, submissionURL);
+            return true;
+        }
+    }
+    return false;
+}
+
+void PellCrashReporter::send(const QString& path, const QDateTime& modified,
+                             const QString& submissionURL) {
+    QVCrashReportSender::Facts facts{m_options.application,
+                                     m_settings.includesAnonymousSystemInformation(),
+                                     QLocale(m_settings.preferredReportingLocale())};
+    m_sender = std::make_unique<QVCrashReportSender>(m_center, std::move(facts));
+    m_sender->setFinishedHandler([this, modified] { m_settings.setLastCrashReportDate(modified); });
+    m_sender->sendReportForCrashLogPath(path, QUrl(submissionURL));
+}

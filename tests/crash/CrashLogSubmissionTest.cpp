@@ -1,0 +1,227 @@
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonObject>
+#include <QTemporaryDir>
+
+#include "crash/CrashReportSettings.h"
+#include "crash/PellCrashReporter.h"
+#include "crash/PellSystemInformation.h"
+#include "support/EventLoop.h"
+#include "support/NotificationLog.h"
+#include "support/ServiceProcess.h"
+
+namespace {
+
+const QString kFinished = QVCrashReportSender::kFinishedNotification;
+const QDateTime kFirstStart = QDateTime(QDate(2026, 3, 1), QTime(9, 0), Qt::UTC);
+
+// A finder that searches a temporary crash-log folder, with its settings in a temporary file and
+// its crash logs posted to an orvale-service of its own.
+class CrashLogSubmission : public testing::Test {
+protected:
+    explicit CrashLogSubmission(const QStringList& serviceArguments = {})
+        : m_service(serviceArguments),
+          m_settings(m_dir.filePath(QStringLiteral("settings.ini")), QSettings::IniFormat) {
+        QDir().mkpath(logFolder());
+        m_settings.setValue(CrashReportSettings::kSubmissionURLKey,
+                            m_service.baseUrl() + QStringLiteral("/crashlogs/submit"));
+    }
+
+    void SetUp() override {
+        ASSERT_TRUE(m_service.isRunning()) << m_service.errorString().toStdString();
+    }
+
+    QString logFolder() const { return m_dir.filePath(QStringLiteral("DiagnosticReports")); }
+
+    QString writeLog(const QString& name, const QDateTime& modified,
+                     const QByteArray& text = "Process: Orvale [42]\n") const {
+        const QString path = QDir(logFolder()).filePath(name);
+        QDir().mkpath(QFileInfo(path).path());
+        QFile file(path);
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(text);
+        EXPECT_TRUE(file.setFileTime(modified, QFileDevice::FileModificationTime));
+        return path;
+    }
+
+    PellCrashReporter& finder() {
+        if (!m_finder) {
+            m_finder = std::make_unique<PellCrashReporter>(
+                m_settings, m_center,
+                PellCrashReporter::Options{{logFolder()}, ApplicationInfo::current()});
+        }
+        return *m_finder;
+    }
+
+    std::optional<QDateTime> storedDate() {
+        return CrashReportSettings(m_settings).lastCrashReportDate();
+    }
+
+    // Until the post has been answered or has failed.
+    bool waitForTheSender() {
+        return waitUntil([this] { return finder().sender() && !finder().sender()->isSending(); });
+    }
+
+    static QJsonObject field(const QJsonObject& upload, const QString& name) {
+        for (const QJsonValue& value : upload.value("fields").toArray()) {
+            if (value.toObject().value("name").toString() == name) {
+                return value.toObject();
+            }
+        }
+        return {};
+    }
+
+    QTemporaryDir m_dir;
+    ServiceProcess m_service;
+    QSettings m_settings;
+    NotificationCenter m_center;
+    NotificationLog m_log{m_center, {kFinished}};
+    std::unique_ptr<PellCrashReporter> m_finder;
+};
+
+class CrashLogSubmissionAnswered500 : public CrashLogSubmission {
+protected:
+    CrashLogSubmissionAnswered500()
+        : CrashLogSubmission({QStringLiteral("--fault"), QStringLiteral("crash_log=status:500")}) {}
+};
+
+class CrashLogSubmissionUnanswered : public CrashLogSubmission {
+protected:
+    CrashLogSubmissionUnanswered()
+        : CrashLogSubmission({QStringLiteral("--fault"), QStringLiteral("crash_log=drop:0")}) {}
+};
+
+}  // namespace
+
+TEST_F(CrashLogSubmission, FirstStartOnlyStoresTheDate) {
+    writeLog(QStringLiteral("Orvale_2026-02-01-101010_host.crash"),
+             QDateTime::currentDateTimeUtc().addDays(-30));
+    const QDateTime before = QDateTime::currentDateTimeUtc();
+
+    EXPECT_FALSE(finder().checkForNewCrashes());
+
+    ASSERT_TRUE(storedDate());
+    EXPECT_GE(*storedDate(), before);
+    EXPECT_LE(*storedDate(), QDateTime::currentDateTimeUtc());
+    EXPECT_TRUE(m_service.requests().isEmpty());
+}
+
+TEST_F(CrashLogSubmission, LogsAreThoseOfTheFirstDirectoryThatExistWithTheApplicationsName) {
+    writeLog(QStringLiteral("Orvale_one.crash"), kFirstStart);
+    writeLog(QStringLiteral("OrvaleHelper_two.crash"), kFirstStart);
+    writeLog(QStringLiteral("Orvale/three.crash"), kFirstStart);
+    writeLog(QStringLiteral("Other_four.crash"), kFirstStart);
+    writeLog(QStringLiteral("older/Orvale_five.crash"), kFirstStart);
+    PellCrashReporter lookup(
+        m_settings, m_center,
+        {{m_dir.filePath(QStringLiteral("missing")), logFolder(), m_dir.path()},
+         ApplicationInfo::current()});
+
+    EXPECT_EQ(lookup.crashLogDirectories(), QStringList{logFolder()});
+    QStringList names;
+    for (const QString& path : lookup.crashLogPaths()) {
+        names << QDir(logFolder()).relativeFilePath(path);
+    }
+    names.sort();
+    EXPECT_EQ(names,
+              (QStringList{"Orvale/three.crash", "OrvaleHelper_two.crash", "Orvale_one.crash"}));
+}
+
+class CrashLogFields : public CrashLogSubmission, public testing::WithParamInterface<bool> {};
+
+TEST_P(CrashLogFields, NewerLogIsPostedWithTheReportsFieldsAndMovesTheDateOn) {
+    const bool systemInformation = GetParam();
+    m_settings.setValue(CrashReportSettings::kIncludeSystemInformationKey, systemInformation);
+    m_settings.setValue(CrashReportSettings::kLastCrashReportDateKey, kFirstStart);
+    const QDateTime modified = kFirstStart.addSecs(3600);
+    const QByteArray text = "Process: Orvale [42]\nException Type: SIGSEGV\n";
+    const QString path =
+        writeLog(QStringLiteral("Orvale_2026-03-01-100000_host.crash"), modified, text);
+
+    ASSERT_TRUE(finder().checkForNewCrashes());
+    ASSERT_TRUE(waitUntil([this] { return m_log.count(kFinished) == 1; }))
+        << m_service.diagnostics().toStdString();
+
+    const QList<QJsonObject> requests = m_service.requestsTo("crash_log");
+    ASSERT_EQ(requests.size(), 1);
+    EXPECT_EQ(requests[0].value("status").toInt(), 200);
+    EXPECT_EQ(requests[0].value("problems").toArray(), QJsonArray());
+    EXPECT_EQ(requests[0].value("headers").toObject().value("User-Agent"), "PellCrashReporter");
+
+    const QJsonObject upload = m_service.uploads().value(0);
+    EXPECT_EQ(upload.value("boundary"), "81e29ba4f957efe5916039f587fe3ed7");
+    const ApplicationInfo application = ApplicationInfo::current();
+    QList<QPair<QString, QString>> expected = {
+        {"systemInformationIncluded", systemInformation ? "1" : "0"},
+        {"applicationName", application.name},
+        {"applicationIdentifier", application.identifier},
+        {"applicationVersion", application.version},
+        {"applicationShortVersion", application.shortVersion}};
+    if (systemInformation) {
+        expected = PellSystemInformation().formFields() + expected;
+    }
+    QList<QPair<QString, QString>> sent;
+    for (const QJsonValue& value : upload.value("fields").toArray()) {
+        if (value.toObject().value("name") != "date") {
+            sent.append({value.toObject().value("name").toString(),
+                         value.toObject().value("value").toString()});
+        }
+    }
+    EXPECT_EQ(sent, expected);
+    EXPECT_FALSE(field(upload, "date").value("value").toString().isEmpty());
+
+    const QJsonObject file = upload.value("files").toArray().at(0).toObject();
+    EXPECT_EQ(file.value("field"), "crashLog");
+    EXPECT_EQ(file.value("filename"), "Orvale_2026-03-01-100000_host.crash");
+    QFile stored(file.value("stored").toString());
+    ASSERT_TRUE(stored.open(QIODevice::ReadOnly));
+    EXPECT_EQ(stored.readAll(), text);
+
+    EXPECT_EQ(storedDate(), QFileInfo(path).lastModified());
+    // The same log is not sent again at the next start.
+    PellCrashReporter nextStart(m_settings, m_center, {{logFolder()}, application});
+    EXPECT_FALSE(nextStart.checkForNewCrashes());
+}
+
+INSTANTIATE_TEST_SUITE_P(SystemInformation, CrashLogFields, testing::Bool(),
+                         [](const testing::TestParamInfo<bool>& info) {
+                             return info.param ? "On" : "Off";
+                         });
+
+TEST_F(CrashLogSubmission, OfTwoNewLogsOnlyTheFirstIsSent) {
+    m_settings.setValue(CrashReportSettings::kLastCrashReportDateKey, kFirstStart);
+    writeLog(QStringLiteral("Orvale_a.crash"), kFirstStart.addSecs(60));
+    writeLog(QStringLiteral("Orvale_b.crash"), kFirstStart.addSecs(120));
+    const QString first = QFileInfo(finder().crashLogPaths().value(0)).fileName();
+
+    ASSERT_TRUE(finder().checkForNewCrashes());
+    ASSERT_TRUE(waitUntil([this] { return m_log.count(kFinished) == 1; }));
+
+    const QList<QJsonObject> uploads = m_service.uploads();
+    ASSERT_EQ(uploads.size(), 1);
+    EXPECT_EQ(uploads[0].value("files").toArray().at(0).toObject().value("filename"), first);
+}
+
+TEST_F(CrashLogSubmissionAnswered500, RefusedPostStillCountsAsFinished) {
+    m_settings.setValue(CrashReportSettings::kLastCrashReportDateKey, kFirstStart);
+    const QString path = writeLog(QStringLiteral("Orvale_a.crash"), kFirstStart.addSecs(60));
+
+    ASSERT_TRUE(finder().checkForNewCrashes());
+    ASSERT_TRUE(waitUntil([this] { return m_log.count(kFinished) == 1; }));
+    EXPECT_EQ(m_service.requestsTo("crash_log").value(0).value("status").toInt(), 500);
+    EXPECT_EQ(storedDate(), QFileInfo(path).lastModified());
+}
+
+TEST_F(CrashLogSubmissionUnanswered, PostWithoutAnswerIsOnlyLoggedAndTriedAgainLater) {
+    m_settings.setValue(CrashReportSettings::kLastCrashReportDateKey, kFirstStart);
+    writeLog(QStringLiteral("Orvale_a.crash"), kFirstStart.addSecs(60));
+
+    ASSERT_TRUE(finder().checkForNewCrashes());
+    ASSERT_TRUE(waitForTheSender());
+    EXPECT_EQ(m_service.requestsTo("crash_log").size(), 1);
+    EXPECT_EQ(m_log.count(kFinished), 0);
+    EXPECT_EQ(storedDate(), kFirstStart);
+}
