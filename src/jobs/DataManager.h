@@ -91,6 +91,11 @@ public:
     void loadFoldersForProject(const ProjectPtr& project);
     static qint32 indexOfParentFolder(qint32 parentID, const FolderList& folders);
 
+    // The maker's site (DataManagerSite.cpp): the service client posts what comes back.
+    void checkForKestoUpdates();
+    // With the identifier stored under "uid", or an empty one: nothing here stores it.
+    void getAds();
+
     const UserPtr& loggedinUser() const { return loggedinUser_; }
     const UserPtr& tempUser() const { return tempUser_; }
     // True only while a login is waiting for its answer.

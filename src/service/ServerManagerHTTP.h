@@ -74,6 +74,11 @@ public:
     // Cancels every request of the running batch, which then ends as a failed batch.
     void stopUploading();
 
+    // The maker's site (ServerManagerHTTPSite.cpp). Outcomes are the notifications of
+    // MakerSite.h, not delegate calls; failures are only logged.
+    void getUpdateVersionInfo();
+    void postAdsRequest(const QString& identifier);
+
 private:
     template <typename Value>
     using Report = void (ServerDelegate::*)(const ServerResult<Value>&, bool);
@@ -86,6 +91,10 @@ private:
     void didFinishLoggingInWithResult(const QJsonValue& answer);
     void didFailLoggingInWithError(const QString& description);
     void didFinishLoadingPermissions(const QJsonValue& answer);
+    void didFinishLoadingUpdateInfo(const QJsonValue& answer);
+    void didFailLoadingUpdateInfo(const QString& description);
+    void didFinishLoadingAdData(const QJsonValue& answer);
+    void didFailLoadingAdData(const QString& description);
 
     // Success and failure handlers of a call that answers with a list of records.
     template <typename Record>

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QLatin1String>
+#include <QSettings>
+#include <QString>
+
+#include "platform/ConfiguredHost.h"
+
+// The maker's public web site: the version document, the promotional content, and the two pages
+// opened in the browser. All four live on one host, reached over plain http; the host is
+// $ORVALE_MAKER_SITE, else the settings key "MakerSiteHost", else this build's default.
+class MakerSite {
+public:
+    static inline const QString kVersionDocumentPath =
+        QStringLiteral("/downloads/kesto/version.json");
+    static inline const QString kAdPath = QStringLiteral("/ads/ad.php");
+    static inline const QString kHelpPath = QStringLiteral("/encoding-center/kesto");
+    static inline const QString kDemoPath = QStringLiteral("/demo");
+
+    // Posted by the service client with itself as the object.
+    static constexpr QLatin1String kNotificationNewVersionAvailable{
+        "kNotificationNewVersionAvailable"};
+    // User info: "asset" (the image's address) and "url" (where a click goes), each only when
+    // the answer had it.
+    static constexpr QLatin1String kNotificationAdReady{"kNotificationAdReady"};
+
+    static const ConfiguredHost& configuredHost();
+    // The host as configured for the application now.
+    static MakerSite current();
+
+    explicit MakerSite(QString host) : m_host(std::move(host)) {}
+
+    const QString& host() const { return m_host; }
+    QString versionDocumentURL() const {
+        return ConfiguredHost::address(m_host, kVersionDocumentPath);
+    }
+    QString adURL() const { return ConfiguredHost::address(m_host, kAdPath); }
+    QString helpURL() const { return ConfiguredHost::address(m_host, kHelpPath); }
+    QString demoURL() const { return ConfiguredHost::address(m_host, kDemoPath); }
+
+private:
+    QString m_host;
+};
