@@ -16,9 +16,3 @@ TEST(CrashReportManager, SummaryNamesTimeExceptionAndSignal) {
     EXPECT_TRUE(CrashReportManager::descriptionOf(record).contains(
         QStringLiteral("(name:std::logic_error, reason:50% of %1)")));
 }
-
-TEST(CrashReportManager, VersionIsShortVersionThenBuild) {
-    ApplicationInfo application{QStringLiteral("Orvale"), QStringLiteral("com.brightfold.Orvale"),
-                                QStringLiteral("412"), QStringLiteral("1.2")};
-    EXPECT_EQ(CrashReportManager::versionOf(application), QStringLiteral("v1.2.412"));
-}
