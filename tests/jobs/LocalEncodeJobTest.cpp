@@ -11,7 +11,7 @@
 #include "support/EventLoop.h"
 #include "support/FakePowerAssertion.h"
 #include "support/JobFiles.h"
-#include "support/Mp4Inspector.h"
+#include "support/Mp4Reader.h"
 #include "support/NotificationLog.h"
 #include "support/TestMedia.h"
 
@@ -75,13 +75,13 @@ TEST_F(LocalEncodeJob, EncodesAreH264AndAacAtTheChosenWidthWithTheIndexFirst) {
     ASSERT_TRUE(runUntilDone());
 
     const QString encoded = output.filePath("format-check.mp4");
-    const QJsonObject answer = Mp4Inspector::probe(encoded);
-    const QJsonObject video = Mp4Inspector::stream(answer, "video");
+    const QJsonObject answer = Mp4Reader::probe(encoded);
+    const QJsonObject video = Mp4Reader::stream(answer, "video");
     EXPECT_EQ(video.value("codec_name").toString(), "h264");
     EXPECT_EQ(video.value("pix_fmt").toString(), "yuv420p");
     EXPECT_EQ(video.value("width").toInt(), file->videoDetail->widthToEncode);
-    EXPECT_EQ(Mp4Inspector::stream(answer, "audio").value("codec_name").toString(), "aac");
-    const QStringList boxes = Mp4Inspector::topLevelBoxes(encoded);
+    EXPECT_EQ(Mp4Reader::stream(answer, "audio").value("codec_name").toString(), "aac");
+    const QStringList boxes = Mp4Reader::topLevelBoxes(encoded);
     ASSERT_TRUE(boxes.contains("moov") && boxes.contains("mdat")) << boxes.join(',').toStdString();
     EXPECT_LT(boxes.indexOf("moov"), boxes.indexOf("mdat"));
 }

@@ -1,4 +1,4 @@
-#include "support/Mp4Inspector.h"
+#include "support/Mp4Reader.h"
 
 #include <QFile>
 #include <QJsonArray>
@@ -6,7 +6,7 @@
 #include <QProcess>
 #include <QtEndian>
 
-QStringList Mp4Inspector::topLevelBoxes(const QString& path) {
+QStringList Mp4Reader::topLevelBoxes(const QString& path) {
     QStringList boxes;
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {
@@ -31,7 +31,7 @@ QStringList Mp4Inspector::topLevelBoxes(const QString& path) {
     return boxes;
 }
 
-QJsonObject Mp4Inspector::probe(const QString& path) {
+QJsonObject Mp4Reader::probe(const QString& path) {
     QProcess ffprobe;
     ffprobe.start(QStringLiteral("ffprobe"), {QStringLiteral("-v"), QStringLiteral("quiet"), QStringLiteral("-print_format"),
                                               QStringLiteral("json"), QStringLiteral("-show_streams"), path});
@@ -39,7 +39,7 @@ QJsonObject Mp4Inspector::probe(const QString& path) {
     return QJsonDocument::fromJson(ffprobe.readAllStandardOutput()).object();
 }
 
-QJsonObject Mp4Inspector::stream(const QJsonObject& answer, const QString& type) {
+QJsonObject Mp4Reader::stream(const QJsonObject& answer, const QString& type) {
     for (const QJsonValue& value : answer.value(QStringLiteral("streams")).toArray()) {
         if (value.toObject().value(QStringLiteral("codec_type")).toString() == type) {
             return value.toObject();

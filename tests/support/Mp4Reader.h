@@ -5,7 +5,7 @@
 #include <QStringList>
 
 // Looks inside an encoded MP4: the order of its top-level boxes and what ffprobe says of it.
-class Mp4Inspector {
+class Mp4Reader {
 public:
     static QStringList topLevelBoxes(const QString& path);
     static QJsonObject probe(const QString& path);
