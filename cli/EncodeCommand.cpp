@@ -54,13 +54,7 @@ void EncodeCommand::start() {
 }
 
 void EncodeCommand::onFilesGathered() {
-    if (!intake_->refusedNames().isEmpty()) {
-        ConsoleOutput::err(FileSelection::notSupportedMessage(intake_->refusedNames()) + QLatin1Char('\n'));
-    }
-    for (const QString& problem : intake_->presetProblems()) {
-        ConsoleOutput::err(problem + QLatin1Char('\n'));
-    }
-    refusedAny_ = !intake_->refusedNames().isEmpty() || !intake_->presetProblems().isEmpty();
+    refusedAny_ = intake_->reportRefusals();
     jobFiles_ = intake_->accepted();
     if (jobFiles_.isEmpty()) {
         ConsoleOutput::err(QStringLiteral("orvale-cli encode: nothing to encode\n"));

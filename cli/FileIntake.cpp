@@ -3,6 +3,7 @@
 #include <QFileInfo>
 #include <QMetaObject>
 
+#include "ConsoleOutput.h"
 #include "jobs/DataManager.h"
 #include "jobs/FileSelection.h"
 #include "jobs/NotificationNames.h"
@@ -87,4 +88,14 @@ bool FileIntake::choosePreset(const FilePtr& file) {
     presetProblems_ << QStringLiteral("%1 is not offered %2; it offers %3")
                            .arg(file->fileName(), options_.presetSize, offered.join(QStringLiteral(", ")));
     return false;
+}
+
+bool FileIntake::reportRefusals() const {
+    if (!refusedNames_.isEmpty()) {
+        ConsoleOutput::err(FileSelection::notSupportedMessage(refusedNames_) + QLatin1Char('\n'));
+    }
+    for (const QString& problem : presetProblems_) {
+        ConsoleOutput::err(problem + QLatin1Char('\n'));
+    }
+    return !refusedNames_.isEmpty() || !presetProblems_.isEmpty();
 }

@@ -28,6 +28,8 @@ public:
     const QStringList& refusedNames() const { return refusedNames_; }
     // Messages about files that don't offer the asked-for size.
     const QStringList& presetProblems() const { return presetProblems_; }
+    // Tells on standard error which files were refused and why; true when any was.
+    bool reportRefusals() const;
 
 signals:
     void done();

@@ -76,14 +76,7 @@ void UploadCommand::start() {
 }
 
 void UploadCommand::onFilesGathered() {
-    if (!intake_->refusedNames().isEmpty()) {
-        ConsoleOutput::err(FileSelection::notSupportedMessage(intake_->refusedNames()) +
-                           QLatin1Char('\n'));
-    }
-    for (const QString& problem : intake_->presetProblems()) {
-        ConsoleOutput::err(problem + QLatin1Char('\n'));
-    }
-    refusedAny_ = !intake_->refusedNames().isEmpty() || !intake_->presetProblems().isEmpty();
+    refusedAny_ = intake_->reportRefusals();
     jobFiles_ = intake_->accepted();
     if (jobFiles_.isEmpty()) {
         ConsoleOutput::err(QStringLiteral("orvale-cli upload: nothing to upload\n"));
