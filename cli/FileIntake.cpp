@@ -17,8 +17,14 @@ void FileIntake::start() {
         this, NotificationNames::kNotificationDidFinishLoadingDetailsForFile,
         [this](const Notification& n) { onProbed(n.object.value<FilePtr>()); });
 
+    // A job that sends every file as it is has no use for what a probe would tell.
+    const bool probesMatter = !(options_.acceptNonVideos && options_.doNotEncode);
     for (const QString& path : FileSelection::collectFiles(paths_)) {
         auto file = std::make_shared<File>(QUrl::fromLocalFile(path));
+        if (!probesMatter) {
+            probed_.append(file);
+            continue;
+        }
         if (FileSelection::isSupportedFileType(path)) {
             if (options_.acceptNonVideos) {
                 probed_.append(file);

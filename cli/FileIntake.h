@@ -8,7 +8,8 @@
 
 // Gathers the files of a CLI job as the file selection screen does: walks the paths, refuses
 // the never-probed types, probes the rest through the job manager and refuses non-videos
-// (unless the job takes any file). Then picks each video's size.
+// (unless the job takes any file). Then picks each video's size. An upload that sends every
+// file as it is probes nothing.
 class FileIntake : public QObject {
     Q_OBJECT
 
