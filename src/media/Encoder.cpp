@@ -3,6 +3,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QSet>
+#include <QThreadPool>
 #include <QTimer>
 #include <mutex>
 
@@ -27,6 +28,24 @@ void warnMissingHelperOnce(const QString& name) {
                 HelperLocator::searchedLocations(name).join(QStringLiteral(", ")));
 }
 
+QString helperName(const QString& baseName) {
+    return SystemVersion::helperName(baseName, SystemVersion::productVersion());
+}
+
+// Asking ffmpeg for its encoders takes as long as a probe; done beside the first probe, the
+// answer is ready when the first encode starts.
+void findAudioEncoderAhead() {
+    static std::once_flag started;
+    std::call_once(started, [] {
+        QThreadPool::globalInstance()->start([] {
+            const QString helper = HelperLocator::locate(helperName(QStringLiteral("ffmpeg")));
+            if (!helper.isEmpty()) {
+                TranscodeCommand::audioEncoderFor(helper);
+            }
+        });
+    });
+}
+
 }  // namespace
 
 Encoder::Encoder(QObject* parent) : QObject(parent) {}
@@ -34,7 +53,7 @@ Encoder::Encoder(QObject* parent) : QObject(parent) {}
 Encoder::~Encoder() = default;
 
 QString Encoder::helperPath(const QString& baseName) {
-    const QString name = SystemVersion::helperName(baseName, SystemVersion::productVersion());
+    const QString name = helperName(baseName);
     const QString path = HelperLocator::locate(name);
     if (path.isEmpty()) {
         warnMissingHelperOnce(name);
@@ -43,6 +62,7 @@ QString Encoder::helperPath(const QString& baseName) {
 }
 
 void Encoder::loadVideoDetailsForFile(const FilePtr& file) {
+    findAudioEncoderAhead();
     QByteArray answer;
     const QString helper = helperPath(QStringLiteral("ffprobe"));
     if (!helper.isEmpty()) {

@@ -1,10 +1,10 @@
 #include "media/TranscodeCommand.h"
 
 #include <QFileInfo>
-#include <QHash>
 #include <QProcess>
 #include <QRegularExpression>
-#include <mutex>
+
+#include "media/HelperAnswers.h"
 
 namespace {
 
@@ -33,14 +33,13 @@ bool TranscodeCommand::encoderListHas(const QByteArray& encoderList, const QStri
 }
 
 QString TranscodeCommand::audioEncoderFor(const QString& helperPath) {
-    static std::mutex mutex;
-    static QHash<QString, QString> chosen;
-    std::lock_guard<std::mutex> guard(mutex);
-    if (!chosen.contains(helperPath)) {
-        const bool hasLegacy = encoderListHas(listEncoders(helperPath), legacyAacEncoder);
-        chosen.insert(helperPath, hasLegacy ? legacyAacEncoder : nativeAacEncoder);
-    }
-    return chosen.value(helperPath);
+    return HelperAnswers::shared().answer(helperPath, QStringLiteral("aac encoder"), [&]() -> HelperAnswers::Reply {
+        const QByteArray encoders = listEncoders(helperPath);
+        if (encoders.isEmpty()) {
+            return {nativeAacEncoder, false};  // no list, no lasting conclusion
+        }
+        return {encoderListHas(encoders, legacyAacEncoder) ? legacyAacEncoder : nativeAacEncoder, true};
+    });
 }
 
 QString TranscodeCommand::outputName(const File& file) {

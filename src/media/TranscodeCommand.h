@@ -9,7 +9,8 @@
 // scaled to the chosen width and deinterlaced.
 class TranscodeCommand {
 public:
-    // Encoder for argument 22. Builds without "libvo_aacenc" get ffmpeg's native "aac".
+    // Encoder for argument 22. Builds without "libvo_aacenc" get ffmpeg's native "aac". Asked
+    // once per helper build.
     static QString audioEncoderFor(const QString& helperPath);
     // Whether ffmpeg's encoder list names the encoder (a pure reading of `ffmpeg -encoders`).
     static bool encoderListHas(const QByteArray& encoderList, const QString& encoder);

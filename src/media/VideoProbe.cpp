@@ -1,18 +1,17 @@
 #include "media/VideoProbe.h"
 
-#include <QHash>
 #include <QJsonDocument>
 #include <QProcess>
 #include <cmath>
-#include <mutex>
 
+#include "media/HelperAnswers.h"
 #include "model/ValidObjects.h"
 
 namespace {
 
 constexpr double minimumVideoMilliseconds = 500;
 
-bool probeAcceptsShowFormatEntry(const QString& helperPath) {
+HelperAnswers::Reply probeAcceptsShowFormatEntry(const QString& helperPath) {
     QProcess process;
     process.setProcessChannelMode(QProcess::MergedChannels);
     process.start(helperPath, {QStringLiteral("-v"), QStringLiteral("quiet"), QStringLiteral("-show_format_entry"),
@@ -20,9 +19,11 @@ bool probeAcceptsShowFormatEntry(const QString& helperPath) {
     if (!process.waitForFinished(30000)) {
         process.kill();
         process.waitForFinished();
-        return false;
+        return {QStringLiteral("no"), false};
     }
-    return process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0;
+    // A helper that crashed said nothing about its options.
+    const bool exited = process.exitStatus() == QProcess::NormalExit;
+    return {exited && process.exitCode() == 0 ? QStringLiteral("yes") : QStringLiteral("no"), exited};
 }
 
 }  // namespace
@@ -40,17 +41,9 @@ QStringList VideoProbe::arguments(const QString& filePath, bool acceptsShowForma
 }
 
 bool VideoProbe::acceptsShowFormatEntry(const QString& helperPath) {
-    // Probes run on many threads at once; the answer is shared by all of them.
-    static std::mutex mutex;
-    static QHash<QString, bool> answers;
-    std::lock_guard<std::mutex> guard(mutex);
-    const auto known = answers.constFind(helperPath);
-    if (known != answers.constEnd()) {
-        return *known;
-    }
-    const bool accepts = probeAcceptsShowFormatEntry(helperPath);
-    answers.insert(helperPath, accepts);
-    return accepts;
+    return HelperAnswers::shared().answer(helperPath, QStringLiteral("takes -show_format_entry"), [&] {
+               return probeAcceptsShowFormatEntry(helperPath);
+           }) == QStringLiteral("yes");
 }
 
 QByteArray VideoProbe::run(const QString& helperPath, const QStringList& arguments) {

@@ -13,7 +13,7 @@ public:
     // ones dropped that option and take "-show_entries" "format=duration" in its place.
     static QStringList arguments(const QString& filePath, bool acceptsShowFormatEntry);
 
-    // Whether this ffprobe still knows "-show_format_entry"; asked once per helper and process.
+    // Whether this ffprobe still knows "-show_format_entry"; asked once per helper build.
     static bool acceptsShowFormatEntry(const QString& helperPath);
 
     // Runs the helper to its end and returns everything it wrote to standard output; empty when

@@ -17,6 +17,11 @@ QString Paths::logFolder() {
     return QDir(libraryFolder()).filePath(QStringLiteral("Logs/%1").arg(QLatin1String(BuildInfo::applicationName)));
 }
 
+QString Paths::cacheFolder() {
+    return QDir(QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation))
+        .filePath(QLatin1String(BuildInfo::applicationName));
+}
+
 QString Paths::defaultOutputFolder() {
     return QDir::home().filePath(QStringLiteral("Orvale Kesto Output"));
 }

@@ -9,5 +9,6 @@ public:
     static QString libraryFolder();
     static QString workFolder();           // encodes are written here before they move
     static QString logFolder();
+    static QString cacheFolder();          // what can be found out again; ~/.cache/Orvale
     static QString defaultOutputFolder();  // "Orvale Kesto Output" in the home folder
 };
