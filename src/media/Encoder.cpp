@@ -70,9 +70,10 @@ void Encoder::loadVideoDetailsForFile(const FilePtr& file) {
         answer = VideoProbe::run(helper, VideoProbe::arguments(file->path(), legacyOption));
     }
     VideoProbe::applyAnswer(answer, *file);
-    reportDetailsLoaded(file);
     LOG_VERBOSE("File: {}, Size: {:f}, IsVideo: {:d}", file->fileName(), file->size, file->isVideo ? 1 : 0);
     LOG_VERBOSE("FFprobe response: {}", QString::fromUtf8(answer));
+    // Last: once the report is out, the process may be on its way out (orvale-cli probe).
+    reportDetailsLoaded(file);
 }
 
 void Encoder::reportDetailsLoaded(const FilePtr& file) {
