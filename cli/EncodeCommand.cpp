@@ -2,12 +2,10 @@
 
 #include <QCommandLineParser>
 #include <QDir>
-#include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 
 #include "ConsoleOutput.h"
-#include "InterruptWatcher.h"
 #include "jobs/DataManager.h"
 #include "jobs/FileSelection.h"
 #include "jobs/NotificationNames.h"
@@ -46,22 +44,12 @@ int EncodeCommand::parse(const QStringList& arguments) {
 }
 
 void EncodeCommand::start() {
-    interrupts_ = new InterruptWatcher(this);
-    connect(interrupts_, &InterruptWatcher::interrupted, this, &EncodeCommand::onInterrupted);
-    intake_ = std::make_unique<FileIntake>(paths_, FileIntake::Options{false, false, presetSize_});
-    connect(intake_.get(), &FileIntake::done, this, &EncodeCommand::onFilesGathered);
-    intake_->start();
+    gatherFiles(paths_, FileIntake::Options{false, false, presetSize_}, QStringLiteral("encode"),
+                QStringLiteral("encode"));
 }
 
-void EncodeCommand::onFilesGathered() {
-    refusedAny_ = intake_->reportRefusals();
-    jobFiles_ = intake_->accepted();
-    if (jobFiles_.isEmpty()) {
-        ConsoleOutput::err(QStringLiteral("orvale-cli encode: nothing to encode\n"));
-        emit finished(exitFailure);
-        return;
-    }
-    progress_ = std::make_unique<ProgressLine>(!json_ && ConsoleOutput::stderrIsTerminal());
+void EncodeCommand::filesGathered() {
+    startProgressLine(json_);
     observeJob();
     DataManager::sharedInstance().startLocalEncodeForFiles(jobFiles_, QUrl::fromLocalFile(outputDirectory_));
 }
@@ -71,7 +59,7 @@ void EncodeCommand::observeJob() {
     center.addObserver(this, kNotificationDidChangeEncodedPercent,
                        [this](const Notification& n) { onPercent(n.object.toFloat()); });
     center.addObserver(this, kNotificationDidOccureProblemWhileEncoding,
-                       [this](const Notification& n) { onProblem(n.object.value<FilePtr>()); });
+                       [this](const Notification& n) { showEncodeProblem(n.object.value<FilePtr>()); });
     center.addObserver(this, kNotificationDidRanOutOfSpaceOnDisk, [this](const Notification&) { onDiskFull(); });
     center.addObserver(this, kNotificationDidFinishUploading, [this](const Notification&) { onJobFinished(); });
 }
@@ -85,11 +73,6 @@ void EncodeCommand::onPercent(float percent) {
     progress_->update(percent, currentFileName());
 }
 
-void EncodeCommand::onProblem(const FilePtr& file) {
-    progress_->message(
-        QStringLiteral("Ooops! Something went wrong while encoding video: %1. Video will be skipped.").arg(file->fileName()));
-}
-
 void EncodeCommand::onDiskFull() {
     progress_->message(QStringLiteral("No space left on device."));
     NotificationCenter::defaultCenter().removeObserver(this);
@@ -97,7 +80,7 @@ void EncodeCommand::onDiskFull() {
     emit finished(exitDiskFull);
 }
 
-void EncodeCommand::onInterrupted() {
+void EncodeCommand::interrupted() {
     if (progress_) {
         progress_->message(QStringLiteral("Stopping: removing unfinished encodes."));
     }
@@ -111,34 +94,24 @@ void EncodeCommand::onJobFinished() {
     NotificationCenter::defaultCenter().removeObserver(this);
     progress_->finish();
     printSummary();
-    const bool failedAny = !DataManager::sharedInstance().failedFiles().isEmpty();
-    emit finished(failedAny || refusedAny_ ? exitFailure : exitSuccess);
+    emit finished(jobExitStatus());
 }
 
 void EncodeCommand::printSummary() {
     DataManager& manager = DataManager::sharedInstance();
-    QJsonArray failed;
-    QStringList failedNames;
-    for (const FilePtr& file : manager.failedFiles()) {
-        failed.append(file->path());
-        failedNames << file->fileName();
-    }
     QJsonArray outputs;
     for (const FilePtr& file : manager.uploadedFiles()) {
         outputs.append(manager.outputPathOf(file));
     }
     if (json_) {
         const QJsonObject result{{QStringLiteral("completed"), manager.uploadedFilesCount()},
-                                 {QStringLiteral("failed"), failed},
+                                 {QStringLiteral("failed"), failedPaths()},
                                  {QStringLiteral("outputs"), outputs},
                                  {QStringLiteral("outputDirectory"), outputDirectory_}};
         ConsoleOutput::out(QString::fromUtf8(QJsonDocument(result).toJson(QJsonDocument::Indented)));
         return;
     }
-    QString text = QStringLiteral("Completed: %1\n").arg(manager.uploadedFilesCount());
-    if (!failedNames.isEmpty()) {
-        text += QStringLiteral("Failed: %1\n").arg(failedNames.join(QStringLiteral(", ")));
-    }
+    QString text = QStringLiteral("Completed: %1\n").arg(manager.uploadedFilesCount()) + failedLine();
     text += QStringLiteral("Output folder: %1\n").arg(outputDirectory_);
     ConsoleOutput::out(text);
 }

@@ -1,11 +1,9 @@
 #include "UploadCommand.h"
 
-#include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 
 #include "ConsoleOutput.h"
-#include "InterruptWatcher.h"
 #include "jobs/DataManager.h"
 #include "jobs/FileSelection.h"
 #include "jobs/NotificationNames.h"
@@ -65,24 +63,13 @@ void UploadCommand::start() {
     DataManager& manager = DataManager::sharedInstance();
     // Standard output carries the command's result only.
     manager.setByteLinesToStandardOutput(false);
-    interrupts_ = new InterruptWatcher(this);
-    connect(interrupts_, &InterruptWatcher::interrupted, this, &UploadCommand::onInterrupted);
     sleepWatcher_ = new SleepWatcher(this);
     connect(sleepWatcher_, &SleepWatcher::willSleep, &manager, &DataManager::stopUploading);
-    intake_ = std::make_unique<FileIntake>(
-        paths_, FileIntake::Options{true, doNotEncode_, presetSize_});
-    connect(intake_.get(), &FileIntake::done, this, &UploadCommand::onFilesGathered);
-    intake_->start();
+    gatherFiles(paths_, FileIntake::Options{true, doNotEncode_, presetSize_}, QStringLiteral("upload"),
+                QStringLiteral("upload"));
 }
 
-void UploadCommand::onFilesGathered() {
-    refusedAny_ = intake_->reportRefusals();
-    jobFiles_ = intake_->accepted();
-    if (jobFiles_.isEmpty()) {
-        ConsoleOutput::err(QStringLiteral("orvale-cli upload: nothing to upload\n"));
-        emit finished(exitFailure);
-        return;
-    }
+void UploadCommand::filesGathered() {
     for (const FilePtr& file : std::as_const(jobFiles_)) {
         if (file->isVideo && file->videoDetail && !file->videoDetail->doNotEncode) {
             // A video that goes up as it is has no second file to send beside it.
@@ -97,7 +84,7 @@ void UploadCommand::onFilesGathered() {
 }
 
 void UploadCommand::startUpload() {
-    progress_ = std::make_unique<ProgressLine>(!json_ && ConsoleOutput::stderrIsTerminal());
+    startProgressLine(json_);
     observeJob();
     DataManager::sharedInstance().startUploadProcessForFiles(
         jobFiles_, parameters_.dictionary(), parameters_.toMediaLibrary());
@@ -117,12 +104,7 @@ void UploadCommand::observeJob() {
         byteText_ = n.object.toString();
     });
     center.addObserver(this, kNotificationDidOccureProblemWhileEncoding,
-                       [this](const Notification& n) {
-                           progress_->message(QStringLiteral("Ooops! Something went wrong while "
-                                                             "encoding video: %1. Video will be "
-                                                             "skipped.")
-                                                  .arg(n.object.value<FilePtr>()->fileName()));
-                       });
+                       [this](const Notification& n) { showEncodeProblem(n.object.value<FilePtr>()); });
     center.addObserver(this, kNotificationDidFailUploading, [this](const Notification& n) {
         onBatchFailed(n.object.value<ErrorResponsePtr>());
     });
@@ -145,7 +127,7 @@ void UploadCommand::onBatchFailed(const ErrorResponsePtr& error) {
     finishWith(ServiceSession::reportFailure(error));
 }
 
-void UploadCommand::onInterrupted() {
+void UploadCommand::interrupted() {
     // Unhooked first: stopping the batch reports it as failed, which is not this ending.
     NotificationCenter::defaultCenter().removeObserver(this);
     if (progress_) {
@@ -161,8 +143,7 @@ void UploadCommand::onInterrupted() {
 void UploadCommand::onJobFinished() {
     progress_->finish();
     printSummary();
-    const bool failedAny = !DataManager::sharedInstance().failedFiles().isEmpty();
-    finishWith(failedAny || refusedAny_ ? exitFailure : exitSuccess);
+    finishWith(jobExitStatus());
 }
 
 void UploadCommand::finishWith(int exitStatus) {
@@ -172,21 +153,11 @@ void UploadCommand::finishWith(int exitStatus) {
 
 void UploadCommand::printSummary() {
     DataManager& manager = DataManager::sharedInstance();
-    QJsonArray failed;
-    QStringList failedNames;
-    for (const FilePtr& file : manager.failedFiles()) {
-        failed.append(file->path());
-        failedNames << file->fileName();
-    }
     if (json_) {
         const QJsonObject result{{QStringLiteral("uploaded"), manager.uploadedFilesCount()},
-                                 {QStringLiteral("failed"), failed}};
+                                 {QStringLiteral("failed"), failedPaths()}};
         ConsoleOutput::out(QString::fromUtf8(QJsonDocument(result).toJson(QJsonDocument::Indented)));
         return;
     }
-    QString text = QStringLiteral("Uploaded: %1\n").arg(manager.uploadedFilesCount());
-    if (!failedNames.isEmpty()) {
-        text += QStringLiteral("Failed: %1\n").arg(failedNames.join(QStringLiteral(", ")));
-    }
-    ConsoleOutput::out(text);
+    ConsoleOutput::out(QStringLiteral("Uploaded: %1\n").arg(manager.uploadedFilesCount()) + failedLine());
 }

@@ -1,0 +1,57 @@
+#include "JobCommand.h"
+
+#include "ConsoleOutput.h"
+#include "InterruptWatcher.h"
+#include "jobs/DataManager.h"
+
+JobCommand::~JobCommand() = default;
+
+void JobCommand::gatherFiles(const QStringList& paths, FileIntake::Options options, const QString& command,
+                             const QString& verb) {
+    interrupts_ = new InterruptWatcher(this);
+    connect(interrupts_, &InterruptWatcher::interrupted, this, &JobCommand::interrupted);
+    intake_ = std::make_unique<FileIntake>(paths, std::move(options));
+    connect(intake_.get(), &FileIntake::done, this, [this, command, verb] { onFilesGathered(command, verb); });
+    intake_->start();
+}
+
+void JobCommand::onFilesGathered(const QString& command, const QString& verb) {
+    refusedAny_ = intake_->reportRefusals();
+    jobFiles_ = intake_->accepted();
+    if (jobFiles_.isEmpty()) {
+        ConsoleOutput::err(QStringLiteral("orvale-cli %1: nothing to %2\n").arg(command, verb));
+        emit finished(exitFailure);
+        return;
+    }
+    filesGathered();
+}
+
+void JobCommand::startProgressLine(bool json) {
+    progress_ = std::make_unique<ProgressLine>(!json && ConsoleOutput::stderrIsTerminal());
+}
+
+void JobCommand::showEncodeProblem(const FilePtr& file) {
+    progress_->message(
+        QStringLiteral("Ooops! Something went wrong while encoding video: %1. Video will be skipped.").arg(file->fileName()));
+}
+
+int JobCommand::jobExitStatus() const {
+    const bool failedAny = !DataManager::sharedInstance().failedFiles().isEmpty();
+    return failedAny || refusedAny_ ? exitFailure : exitSuccess;
+}
+
+QJsonArray JobCommand::failedPaths() {
+    QJsonArray paths;
+    for (const FilePtr& file : DataManager::sharedInstance().failedFiles()) {
+        paths.append(file->path());
+    }
+    return paths;
+}
+
+QString JobCommand::failedLine() {
+    QStringList names;
+    for (const FilePtr& file : DataManager::sharedInstance().failedFiles()) {
+        names << file->fileName();
+    }
+    return names.isEmpty() ? QString() : QStringLiteral("Failed: %1\n").arg(names.join(QStringLiteral(", ")));
+}

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QJsonArray>
+#include <memory>
+
+#include "Command.h"
+#include "FileIntake.h"
+#include "ProgressLine.h"
+
+class InterruptWatcher;
+
+// What the encode and upload commands share: Ctrl-C watched, the files gathered and refused as
+// the file selection screen does, a progress line, and the failed files in the summary.
+class JobCommand : public Command {
+    Q_OBJECT
+
+public:
+    static constexpr int exitInterrupted = 130;
+
+    using Command::Command;
+    ~JobCommand() override;
+
+protected:
+    // Refusals go to standard error; filesGathered() follows with at least one file, else the
+    // command ends in failure with "orvale-cli COMMAND: nothing to VERB".
+    void gatherFiles(const QStringList& paths, FileIntake::Options options, const QString& command,
+                     const QString& verb);
+    virtual void filesGathered() = 0;
+    // SIGINT or SIGTERM; the command stops its job and ends with exitInterrupted.
+    virtual void interrupted() = 0;
+
+    void startProgressLine(bool json);
+    // The progress screen's text for a video that could not be encoded, on the progress line.
+    void showEncodeProblem(const FilePtr& file);
+    // exitFailure when a file failed or was refused, else exitSuccess.
+    int jobExitStatus() const;
+    static QJsonArray failedPaths();
+    // "Failed: a.mov, b.mov\n", or nothing when no file failed.
+    static QString failedLine();
+
+    std::unique_ptr<ProgressLine> progress_;
+    FileList jobFiles_;
+
+private:
+    void onFilesGathered(const QString& command, const QString& verb);
+
+    std::unique_ptr<FileIntake> intake_;
+    InterruptWatcher* interrupts_ = nullptr;
+    bool refusedAny_ = false;
+};
