@@ -44,8 +44,7 @@ int EncodeCommand::parse(const QStringList& arguments) {
 }
 
 void EncodeCommand::start() {
-    gatherFiles(paths_, FileIntake::Options{false, false, presetSize_}, QStringLiteral("encode"),
-                QStringLiteral("encode"));
+    gatherFiles(paths_, FileIntake::Options{false, false, presetSize_}, QStringLiteral("encode"));
 }
 
 void EncodeCommand::filesGathered() {

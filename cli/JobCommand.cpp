@@ -6,20 +6,19 @@
 
 JobCommand::~JobCommand() = default;
 
-void JobCommand::gatherFiles(const QStringList& paths, FileIntake::Options options, const QString& command,
-                             const QString& verb) {
+void JobCommand::gatherFiles(const QStringList& paths, FileIntake::Options options, const QString& command) {
     interrupts_ = new InterruptWatcher(this);
     connect(interrupts_, &InterruptWatcher::interrupted, this, &JobCommand::interrupted);
     intake_ = std::make_unique<FileIntake>(paths, std::move(options));
-    connect(intake_.get(), &FileIntake::done, this, [this, command, verb] { onFilesGathered(command, verb); });
+    connect(intake_.get(), &FileIntake::done, this, [this, command] { onFilesGathered(command); });
     intake_->start();
 }
 
-void JobCommand::onFilesGathered(const QString& command, const QString& verb) {
+void JobCommand::onFilesGathered(const QString& command) {
     refusedAny_ = intake_->reportRefusals();
     jobFiles_ = intake_->accepted();
     if (jobFiles_.isEmpty()) {
-        ConsoleOutput::err(QStringLiteral("orvale-cli %1: nothing to %2\n").arg(command, verb));
+        ConsoleOutput::err(QStringLiteral("orvale-cli %1: nothing to %1\n").arg(command));
         emit finished(exitFailure);
         return;
     }

@@ -22,9 +22,8 @@ public:
 
 protected:
     // Refusals go to standard error; filesGathered() follows with at least one file, else the
-    // command ends in failure with "orvale-cli COMMAND: nothing to VERB".
-    void gatherFiles(const QStringList& paths, FileIntake::Options options, const QString& command,
-                     const QString& verb);
+    // command ends in failure with "orvale-cli COMMAND: nothing to COMMAND".
+    void gatherFiles(const QStringList& paths, FileIntake::Options options, const QString& command);
     virtual void filesGathered() = 0;
     // SIGINT or SIGTERM; the command stops its job and ends with exitInterrupted.
     virtual void interrupted() = 0;
@@ -42,7 +41,7 @@ protected:
     FileList jobFiles_;
 
 private:
-    void onFilesGathered(const QString& command, const QString& verb);
+    void onFilesGathered(const QString& command);
 
     std::unique_ptr<FileIntake> intake_;
     InterruptWatcher* interrupts_ = nullptr;

@@ -65,8 +65,7 @@ void UploadCommand::start() {
     manager.setByteLinesToStandardOutput(false);
     sleepWatcher_ = new SleepWatcher(this);
     connect(sleepWatcher_, &SleepWatcher::willSleep, &manager, &DataManager::stopUploading);
-    gatherFiles(paths_, FileIntake::Options{true, doNotEncode_, presetSize_}, QStringLiteral("upload"),
-                QStringLiteral("upload"));
+    gatherFiles(paths_, FileIntake::Options{true, doNotEncode_, presetSize_}, QStringLiteral("upload"));
 }
 
 void UploadCommand::filesGathered() {
