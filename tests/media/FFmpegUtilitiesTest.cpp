@@ -3,7 +3,6 @@
 #include <QStringList>
 
 #include "media/FFmpegUtilities.h"
-#include "model/VideoDetail.h"
 
 namespace {
 
@@ -102,12 +101,8 @@ TEST(FFmpegUtilities, EncodingOptionsUseATableOnlyForExactRatios) {
     };
     // clang-format off
     const Case cases[] = {
-        {1920, 1080, kSixteenByNine},
         {1024, 576, kSixteenByNine},
-        {3840, 2160, kSixteenByNine},
-        {640, 480, kFourByThree},
         {1440, 1080, kFourByThree},
-        {1080, 1920, kNineBySixteen},
         {768, 1024, kThreeByFour},
         {1366, 768, {"1366x768/2200k/3500k", "1024x576/1800k/2500k", "683x384/1500k/2500k"}},
         {1920, 1081, {"1920x1081/3500k/5000k", "1440x810/2200k/3500k", "960x540/1800k/2500k"}},
@@ -132,22 +127,6 @@ TEST(FFmpegUtilities, NoOfferedRowIsWiderThanTheSource) {
             }
         }
     }
-}
-
-TEST(FFmpegUtilities, ApplyPresetCopiesTheChoiceAndMarksDoNotEncode) {
-    const QList<PresetRow> rows = FFmpegUtilities::resolutionsBySize(1280, 720, true);
-    VideoDetail detail;
-
-    FFmpegUtilities::applyPreset(rows.last(), detail);
-    EXPECT_TRUE(detail.doNotEncode);
-    EXPECT_EQ(detail.widthToEncode, 0);
-    EXPECT_TRUE(detail.minBitrate.isEmpty());
-
-    FFmpegUtilities::applyPreset(rows.first(), detail);
-    EXPECT_FALSE(detail.doNotEncode);
-    EXPECT_EQ(detail.widthToEncode, 1280);
-    EXPECT_EQ(detail.minBitrate, "2000k");
-    EXPECT_EQ(detail.maxBitrate, "3200k");
 }
 
 TEST(FFmpegUtilities, RowsAsJsonLeaveOutMissingBitrates) {

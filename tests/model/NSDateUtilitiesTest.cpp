@@ -30,8 +30,4 @@ TEST(NSDateUtilities, MillisecondsFromElapsedTimeTexts) {
     }
 }
 
-TEST(NSDateUtilities, SharedInstanceIsCreatedOnce) {
-    EXPECT_EQ(&NSDateUtilities::sharedInstance(), &NSDateUtilities::sharedInstance());
-}
-
 }  // namespace

@@ -77,17 +77,6 @@ TEST(Records, MistypedFieldsReadAsAbsent) {
     EXPECT_TRUE(MediaLibraryCategory::fromJson(json)->status.isNull());
 }
 
-TEST(Records, NotificationsCanCarryRecordsByIdentity) {
-    const ProjectPtr project = std::make_shared<Project>();
-    const ErrorResponsePtr error = ErrorResponse::fromMessage(QStringLiteral("No connection"));
-    const QVariant projectObject = QVariant::fromValue(project);
-    const QVariant errorObject = QVariant::fromValue(error);
-    EXPECT_EQ(projectObject.value<ProjectPtr>(), project);
-    EXPECT_EQ(errorObject.value<ErrorResponsePtr>(), error);
-    EXPECT_EQ(errorObject.value<ErrorResponsePtr>()->message, QStringLiteral("No connection"));
-    EXPECT_FALSE(error->isServerError);
-}
-
 TEST(File, SettingTheLocationMeasuresTheFile) {
     QTemporaryDir dir;
     const QString path = dir.filePath(QStringLiteral("clip.mov"));

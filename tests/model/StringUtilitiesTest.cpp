@@ -39,14 +39,6 @@ TEST(Contains, FindsTheFirstOccurrence) {
     }
 }
 
-TEST(Contains, CaseOptionsOnlyApplyWhenAsked) {
-    EXPECT_FALSE(Contains::containsString(QStringLiteral("Time=1"), QStringLiteral("time=")));
-    EXPECT_FALSE(Contains::containsString(QStringLiteral("Time=1"), QStringLiteral("time="),
-                                          Qt::CaseSensitive));
-    EXPECT_TRUE(Contains::containsString(QStringLiteral("Time=1"), QStringLiteral("time="),
-                                         Qt::CaseInsensitive));
-}
-
 TEST(Contains, SubstringFromIndexIsRobustAtTheEdges) {
     struct Row {
         qsizetype index;
@@ -86,18 +78,6 @@ TEST(TrimmingAdditions, TrimsOneEndOnly) {
         EXPECT_EQ(TrimmingAdditions::stringByTrimmingTrailingCharactersInSet(row.text, set),
                   row.trailing);
     }
-}
-
-TEST(TrimmingAdditions, TestsSixteenBitUnitsOneByOne) {
-    const QString smile = QString::fromUtf8("\xF0\x9F\x98\x80");  // one code point, two units
-    const auto highSurrogates = [](QChar c) { return c.isHighSurrogate(); };
-    const QString rest =
-        TrimmingAdditions::stringByTrimmingLeadingCharactersInSet(smile + "x", highSurrogates);
-    ASSERT_EQ(rest.size(), 2);
-    EXPECT_TRUE(rest[0].isLowSurrogate());
-
-    const auto digits = [](QChar c) { return c.isDigit(); };
-    EXPECT_EQ(TrimmingAdditions::stringByTrimmingTrailingCharactersInSet("v12a34", digits), "v12a");
 }
 
 }  // namespace

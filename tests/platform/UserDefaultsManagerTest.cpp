@@ -51,10 +51,3 @@ TEST_F(UserDefaultsManagerTest, ReadsValuesSetFromOutside) {
     EXPECT_TRUE(defaults.shouldUseV2());
     EXPECT_EQ(defaults.uid(), QStringLiteral("a1b2"));
 }
-
-TEST(UserDefaultsManager, TheSharedInstanceIsTheApplicationsStore) {
-    UserDefaultsManager& shared = UserDefaultsManager::sharedInstance();
-    EXPECT_EQ(&shared, &UserDefaultsManager::sharedInstance());
-    EXPECT_EQ(shared.settings().organizationName(), QStringLiteral("brightfold"));
-    EXPECT_EQ(shared.settings().applicationName(), QStringLiteral("Orvale"));
-}
