@@ -1,0 +1,14 @@
+#include "model/TitleBarLayout.h"
+
+#include <cmath>
+
+QPointF TitleBarLayout::logoOrigin(const QSizeF& stripSize) {
+    return {std::round((stripSize.width() - kLogoSize.width()) * 0.5),
+            std::round((stripSize.height() - kLogoSize.height()) * 0.5)};
+}
+
+QRectF TitleBarLayout::logoFrame(const QSizeF& stripSize) {
+    return {logoOrigin(stripSize), kLogoSize};
+}
+
+QRectF TitleBarLayout::backButtonFrame() { return {91, 4, 100, 26}; }
