@@ -4,14 +4,12 @@
 #include <QTemporaryDir>
 
 #include "platform/Log.h"
+#include "support/TestSandbox.h"
 
 // Every test run gets its own home, data and settings folders, so nothing of the user's is touched.
 int main(int argc, char** argv) {
     QTemporaryDir sandbox;
-    qputenv("HOME", sandbox.filePath(QStringLiteral("home")).toUtf8());
-    qputenv("XDG_DATA_HOME", sandbox.filePath(QStringLiteral("data")).toUtf8());
-    qputenv("XDG_CONFIG_HOME", sandbox.filePath(QStringLiteral("config")).toUtf8());
-    qputenv("XDG_CACHE_HOME", sandbox.filePath(QStringLiteral("cache")).toUtf8());
+    useSandboxFolders(sandbox);
 
     QCoreApplication app(argc, argv);
     QCoreApplication::setOrganizationName(QStringLiteral("brightfold"));

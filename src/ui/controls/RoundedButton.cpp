@@ -1,0 +1,48 @@
+#include "ui/controls/RoundedButton.h"
+
+#include <QFontMetricsF>
+#include <QPainter>
+
+#include "model/ControlLayout.h"
+#include "model/RoundedButtonStyle.h"
+#include "ui/controls/Fonts.h"
+#include "ui/controls/RoundedView.h"
+
+RoundedButton::RoundedButton(QWidget* parent) : StyledButton(parent) {
+    setType(0);
+    connect(this, &QAbstractButton::clicked, this, [this] {
+        if (actionEnabled_) {
+            emit triggered();
+        }
+    });
+}
+
+void RoundedButton::setType(int type) {
+    const auto style = RoundedButtonStyle::forType(type);
+    if (!style) {
+        return;
+    }
+    type_ = type;
+    normalBackground_ = style->normalBackground;
+    pressedBackground_ = style->pressedBackground;
+    setFont(Fonts::helveticaNeueBold(style->titleSize));
+    update();
+}
+
+void RoundedButton::setTitleString(const QString& title) {
+    setText(title);
+    update();
+}
+
+void RoundedButton::setTitleColor(const QColor& color) {
+    titleColor_ = color;
+    update();
+}
+
+void RoundedButton::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    RoundedView::drawPanel(painter, rect(), isDown() ? pressedBackground_ : normalBackground_);
+    const QRectF title = ControlLayout::titleRectForBounds(rect(), QFontMetricsF(font()).height());
+    drawLabelText(painter, title, text(), font(), titleColor_, Qt::AlignHCenter);
+    drawFocusRing(painter, rect(), height() / 2.0);
+}

@@ -1,0 +1,186 @@
+#include <gtest/gtest.h>
+
+#include <QAccessible>
+#include <QSignalSpy>
+#include <QTest>
+
+#include "model/RoundedViewImages.h"
+#include "ui/controls/ButtonWithIcon.h"
+#include "ui/controls/ButtonWithImage.h"
+#include "ui/controls/Checkbox.h"
+#include "ui/controls/ImageSet.h"
+#include "ui/controls/RoundedButton.h"
+#include "ui/controls/RoundedView.h"
+
+namespace {
+
+const QPoint kOutside(-40, -40);
+
+QString accessibleName(QWidget* widget) {
+    return QAccessible::queryAccessibleInterface(widget)->text(QAccessible::Name);
+}
+
+}  // namespace
+
+TEST(RoundedButton, HighlightsOnPressAndSendsOnReleaseWhereverThePointerIs) {
+    RoundedButton button;
+    button.setGeometry(0, 0, 160, 40);
+    button.setType(1);
+    button.setTitleString(QStringLiteral("Show in Finder"));
+    QSignalSpy triggered(&button, &StyledButton::triggered);
+
+    QTest::mousePress(&button, Qt::LeftButton, {}, {10, 10});
+    EXPECT_TRUE(button.isHighlighted());
+    QTest::mouseRelease(&button, Qt::LeftButton, {}, kOutside);
+    EXPECT_FALSE(button.isHighlighted());
+    EXPECT_EQ(triggered.size(), 1);
+
+    // With its action disabled it still highlights and looks the same, but sends nothing.
+    button.setActionEnabled(false);
+    QTest::mousePress(&button, Qt::LeftButton, {}, {10, 10});
+    EXPECT_TRUE(button.isHighlighted());
+    QTest::mouseRelease(&button, Qt::LeftButton, {}, {10, 10});
+    QTest::keyClick(&button, Qt::Key_Space);
+    EXPECT_EQ(triggered.size(), 1);
+    EXPECT_TRUE(button.isEnabled());
+}
+
+TEST(StyledButtons, ArePressedFromTheKeyboardAndNamedByTheirTitle) {
+    RoundedButton rounded;
+    rounded.setTitleString(QStringLiteral("Encode files"));
+    ButtonWithIcon icon;
+    icon.setTitleString(QStringLiteral("Try Again"));
+    Checkbox checkbox;
+    checkbox.setTitleString(QStringLiteral("Preserve original"));
+    for (StyledButton* button : std::initializer_list<StyledButton*>{&rounded, &icon, &checkbox}) {
+        QSignalSpy triggered(button, &StyledButton::triggered);
+        QTest::keyClick(button, Qt::Key_Space);
+        QTest::keyClick(button, Qt::Key_Return);
+        QTest::keyClick(button, Qt::Key_Enter);
+        EXPECT_EQ(triggered.size(), 3) << button->text().toStdString();
+        EXPECT_EQ(accessibleName(button), button->text());
+        EXPECT_TRUE(button->focusPolicy() & Qt::TabFocus);
+    }
+    EXPECT_EQ(accessibleName(&rounded), QStringLiteral("Encode files"));
+}
+
+TEST(ButtonWithImage, WithDisableAfterSelectedActsOnce) {
+    ButtonWithImage button;
+    button.resize(18, 18);
+    button.setNormalImage(QStringLiteral("button_delete_file.png"));
+    button.setHighlightedImage(QStringLiteral("button_delete_file_highlighted.png"));
+    button.setSelectedImage(QStringLiteral("checkbox_checked.png"));
+    button.setDisableAfterSelected(true);
+    QSignalSpy triggered(&button, &StyledButton::triggered);
+
+    QTest::mousePress(&button, Qt::LeftButton);
+    EXPECT_EQ(button.shownImage(), "button_delete_file_highlighted.png");
+    QTest::mouseRelease(&button, Qt::LeftButton);
+    EXPECT_TRUE(button.isSelected());
+    EXPECT_EQ(button.shownImage(), "checkbox_checked.png");
+    EXPECT_EQ(triggered.size(), 1);
+
+    QTest::mousePress(&button, Qt::LeftButton);
+    EXPECT_FALSE(button.isHighlighted());
+    QTest::mouseRelease(&button, Qt::LeftButton);
+    QTest::keyClick(&button, Qt::Key_Space);
+    EXPECT_EQ(triggered.size(), 1);
+    EXPECT_EQ(button.shownImage(), "checkbox_checked.png");
+}
+
+TEST(ButtonWithImage, TogglesItsSelectionWithoutDisableAfterSelected) {
+    ButtonWithImage button;
+    button.setNormalImage(QStringLiteral("button_source_local.png"));
+    button.setSelectedImage(QStringLiteral("button_source_local_selected.png"));
+    QSignalSpy triggered(&button, &StyledButton::triggered);
+    QTest::mouseClick(&button, Qt::LeftButton);
+    EXPECT_TRUE(button.isSelected());
+    QTest::mouseClick(&button, Qt::LeftButton);
+    EXPECT_FALSE(button.isSelected());
+    EXPECT_EQ(button.shownImage(), "button_source_local.png");
+    EXPECT_EQ(triggered.size(), 2);
+}
+
+TEST(ButtonWithIcon, WidensForALongTitleAndKeepsThatWidth) {
+    ButtonWithIcon button;
+    button.setGeometry(0, 0, 100, 26);
+    button.setTitleString(QStringLiteral("Back"));
+    EXPECT_EQ(button.width(), 100);
+    button.setTitleString(QStringLiteral("A title far too long for a hundred points"));
+    const int wide = button.width();
+    EXPECT_GT(wide, 100);
+    const int textWidth = QFontMetrics(button.titleFont()).horizontalAdvance(button.titleString());
+    EXPECT_GE(wide, textWidth + 35);
+    button.setTitleString(QStringLiteral("Back"));
+    EXPECT_EQ(button.width(), wide);
+}
+
+TEST(Checkbox, EveryClickTogglesAndSends) {
+    Checkbox checkbox;
+    checkbox.resize(120, 15);
+    QSignalSpy triggered(&checkbox, &StyledButton::triggered);
+    QTest::mouseClick(&checkbox, Qt::LeftButton);
+    EXPECT_TRUE(checkbox.isSelected());
+    QTest::mouseClick(&checkbox, Qt::LeftButton);
+    EXPECT_FALSE(checkbox.isSelected());
+    EXPECT_EQ(triggered.size(), 2);
+}
+
+TEST(RoundedView, PaintsItsTypeAndLeavesPixelsAloneForAnUnknownType) {
+    RoundedView view;
+    view.resize(120, 40);
+    const auto render = [&view](int type) {
+        view.setType(type);
+        QImage image(view.size(), QImage::Format_ARGB32);
+        image.fill(Qt::magenta);
+        view.render(&image, {}, {}, QWidget::DrawChildren);
+        return image;
+    };
+    QImage untouched(view.size(), QImage::Format_ARGB32);
+    untouched.fill(Qt::magenta);
+    EXPECT_EQ(render(19), untouched);
+    const QImage blue = render(4);
+    EXPECT_NE(blue, untouched);
+    EXPECT_GT(blue.pixelColor(60, 20).blue(), 200);
+    EXPECT_LT(blue.pixelColor(60, 20).red(), 60);
+}
+
+TEST(ImageSet, HoldsEveryNamedImageAtBothScales) {
+    QStringList names{"orvale_titlebar_logo.png",
+                      "icon_home.png",
+                      "icon_home_selected.png",
+                      "button_retry.png",
+                      "button_delete_file.png",
+                      "button_delete_file_highlighted.png",
+                      "checkbox_checked.png",
+                      "checkbox_unchecked.png",
+                      "illustration_delete_tag.png",
+                      "illustration_desktop_big.png",
+                      "illustration_media_library2_big.png"};
+    for (int type = 0; type <= 18; ++type) {
+        names << RoundedViewImages::imagesForType(type);
+    }
+    for (const QString& name : names) {
+        const QPixmap single = ImageSet::pixmap(name, 1);
+        const QPixmap twice = ImageSet::pixmap(name, 2);
+        ASSERT_FALSE(single.isNull()) << name.toStdString();
+        EXPECT_EQ(twice.size(), single.size() * 2) << name.toStdString();
+        EXPECT_EQ(twice.deviceIndependentSize(), single.deviceIndependentSize());
+    }
+}
+
+TEST(RoundedView, DrawsTheImagesOfTheScreensPixelRatioAsTheyAre) {
+    // Run by ctest at 1x and at QT_SCALE_FACTOR=2: the cap must be the image's own pixels.
+    RoundedView view;
+    view.setType(4);
+    view.resize(200, 40);
+    const qreal ratio = view.devicePixelRatioF();
+    QImage drawn(view.size() * ratio, QImage::Format_ARGB32_Premultiplied);
+    drawn.setDevicePixelRatio(ratio);
+    drawn.fill(Qt::transparent);
+    view.render(&drawn, {}, {}, QWidget::DrawChildren);
+    const QImage cap = ImageSet::pixmap(RoundedViewImages::imagesForType(4).first(), ratio)
+                           .toImage()
+                           .convertToFormat(drawn.format());
+    EXPECT_EQ(drawn.copy(QRect(QPoint(0, 0), cap.size())), cap);
+}
