@@ -1,0 +1,249 @@
+// orvale-gallery OUTPUT_DIR
+//
+// Draws every styled control in every type and state (normal, pressed, keyboard focus), and the
+// main window, at the screen's pixel ratio (QT_SCALE_FACTOR=2 for 2x), into
+// OUTPUT_DIR/controls-Nx.png and OUTPUT_DIR/window-Nx.png.
+#include <QApplication>
+#include <QDir>
+#include <QPainter>
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include "model/HEX.h"
+#include "ui/controls/ButtonWithIcon.h"
+#include "ui/controls/ButtonWithImage.h"
+#include "ui/controls/Checkbox.h"
+#include "ui/controls/Fonts.h"
+#include "ui/controls/RoundedButton.h"
+#include "ui/controls/RoundedView.h"
+#include "ui/controls/VerticallyCenteredTextFieldCell.h"
+#include "ui/navigation/AppDelegateInterface.h"
+#include "ui/navigation/BaseViewController.h"
+#include "ui/navigation/MainWindow.h"
+#include "ui/navigation/NavigationViewController.h"
+
+namespace {
+
+enum class State { Normal, Pressed, Focused };
+
+struct Tile {
+    QString label;
+    QPixmap picture;
+};
+
+using Maker = std::function<StyledButton*(QWidget*)>;
+
+const QColor kSheetColor(0xf4, 0xf5, 0xf7);
+
+QPixmap capture(QWidget* control) {
+    control->move(20, 20);
+    control->show();
+    QApplication::processEvents();
+    // Drawn on a clear picture, so what a control leaves unpainted shows as the sheet.
+    const qreal ratio = control->devicePixelRatioF();
+    QPixmap picture(control->size() * ratio);
+    picture.setDevicePixelRatio(ratio);
+    picture.fill(Qt::transparent);
+    control->render(&picture, {}, {}, QWidget::DrawChildren);
+    return picture;
+}
+
+std::vector<Tile> panelTiles(QWidget* sheet) {
+    const int heights[] = {32, 36, 60, 36, 40, 40, 26, 26, 40, 40,
+                           26, 26, 40, 40, 28, 22, 10, 10, 10, 40};
+    std::vector<Tile> tiles;
+    for (int type = 0; type <= 19; ++type) {
+        RoundedView view(sheet);
+        view.setType(type);
+        view.resize(type == 2 ? 160 : 150, heights[type]);
+        tiles.push_back({QStringLiteral("RoundedView %1").arg(type), capture(&view)});
+    }
+    return tiles;
+}
+
+std::vector<Tile> buttonTiles(QWidget* sheet, const QString& name, const Maker& make) {
+    std::vector<Tile> tiles;
+    for (const State state : {State::Normal, State::Pressed, State::Focused}) {
+        std::unique_ptr<StyledButton> button(make(sheet));
+        if (auto* imageButton = qobject_cast<ButtonWithImage*>(button.get());
+            imageButton != nullptr && state == State::Pressed) {
+            imageButton->setHighlighted(true);
+        } else if (state == State::Pressed) {
+            button->setDown(true);
+        } else if (state == State::Focused) {
+            button->setFocus(Qt::TabFocusReason);
+        }
+        const char* suffix[] = {"", " pressed", " focused"};
+        tiles.push_back(
+            {name + QLatin1String(suffix[static_cast<int>(state)]), capture(button.get())});
+    }
+    return tiles;
+}
+
+std::vector<std::vector<Tile>> allTiles(QWidget* sheet) {
+    std::vector<std::vector<Tile>> rows;
+    const std::vector<Tile> panels = panelTiles(sheet);
+    for (size_t start = 0; start < panels.size(); start += 5) {
+        rows.emplace_back(panels.begin() + static_cast<long>(start),
+                          panels.begin() + static_cast<long>(std::min(start + 5, panels.size())));
+    }
+    const char* titles[] = {"Add", "Show in Finder", "Encode files", "Select files",
+                            "Back to home"};
+    const int heights[] = {26, 40, 40, 26, 40};
+    for (int type = 0; type <= 4; ++type) {
+        rows.push_back(
+            buttonTiles(sheet, QStringLiteral("RoundedButton %1").arg(type), [&](QWidget* parent) {
+                auto* button = new RoundedButton(parent);
+                button->resize(type == 0 ? 80 : 190, heights[type]);
+                button->setType(type);
+                button->setTitleString(QLatin1String(titles[type]));
+                if (type >= 3) {
+                    button->setTitleColor(HEX::colorWithHexString(QStringLiteral("#666666")));
+                }
+                return button;
+            }));
+    }
+    rows.push_back(buttonTiles(sheet, QStringLiteral("ButtonWithIcon"), [](QWidget* parent) {
+        auto* button = new ButtonWithIcon(parent);
+        button->resize(100, 26);
+        button->setIconName(QStringLiteral("button_retry.png"));
+        button->setHighlightedIconName(QStringLiteral("button_retry.png"));
+        button->setTitleColor(HEX::colorWithHexString(QStringLiteral("#00a9e8")));
+        button->setTitleFont(Fonts::helveticaNeueBold(14));
+        button->setTitleString(QStringLiteral("Try Again"));
+        return button;
+    }));
+    rows.push_back(buttonTiles(sheet, QStringLiteral("Back"), [](QWidget* parent) {
+        auto* button = new ButtonWithIcon(parent);
+        button->resize(100, 26);
+        button->setIconName(QStringLiteral("icon_home.png"));
+        button->setHighlightedIconName(QStringLiteral("icon_home_selected.png"));
+        button->setTitleColor(HEX::colorWithHexString(QStringLiteral("#999999")));
+        button->setTitleFont(Fonts::helveticaNeueBold(12));
+        button->setTitleString(QStringLiteral("Back"));
+        return button;
+    }));
+    for (const bool selected : {false, true}) {
+        rows.push_back(buttonTiles(
+            sheet, selected ? QStringLiteral("Checkbox on") : QStringLiteral("Checkbox"),
+            [selected](QWidget* parent) {
+                auto* box = new Checkbox(parent);
+                box->resize(150, 15);
+                box->setTitleString(QStringLiteral("Preserve original"));
+                box->setSelected(selected);
+                return box;
+            }));
+    }
+    for (const char* source : {"media_library", "project", "local"}) {
+        rows.push_back(buttonTiles(sheet, QLatin1String(source), [source](QWidget* parent) {
+            auto* button = new ButtonWithImage(parent);
+            button->resize(132, 34);
+            const QString stem = QStringLiteral("button_source_%1").arg(QLatin1String(source));
+            button->setNormalImage(stem + QStringLiteral(".png"));
+            button->setHighlightedImage(stem + QStringLiteral("_selected.png"));
+            button->setSelectedImage(stem + QStringLiteral("_selected.png"));
+            return button;
+        }));
+    }
+    rows.push_back(buttonTiles(sheet, QStringLiteral("delete file"), [](QWidget* parent) {
+        auto* button = new ButtonWithImage(parent);
+        button->resize(18, 18);
+        button->setNormalImage(QStringLiteral("button_delete_file.png"));
+        button->setHighlightedImage(QStringLiteral("button_delete_file_highlighted.png"));
+        return button;
+    }));
+    return rows;
+}
+
+QImage compose(const std::vector<std::vector<Tile>>& rows, qreal ratio) {
+    constexpr int kColumnWidth = 230;
+    constexpr int kLabelHeight = 18;
+    constexpr int kGap = 16;
+    int height = kGap;
+    for (const auto& row : rows) {
+        int tallest = 0;
+        for (const Tile& tile : row) {
+            tallest = std::max(tallest, qRound(tile.picture.deviceIndependentSize().height()));
+        }
+        height += kLabelHeight + tallest + kGap;
+    }
+    QImage sheet(QSize(kColumnWidth * 5 + kGap, height) * ratio, QImage::Format_ARGB32);
+    sheet.setDevicePixelRatio(ratio);
+    sheet.fill(kSheetColor);
+    QPainter painter(&sheet);
+    painter.setFont(Fonts::helveticaNeue(11));
+    painter.setPen(QColor(0x70, 0x76, 0x7c));
+    int y = kGap;
+    for (const auto& row : rows) {
+        int x = kGap;
+        int tallest = 0;
+        for (const Tile& tile : row) {
+            painter.drawText(x, y + 12, tile.label);
+            painter.drawPixmap(x, y + kLabelHeight, tile.picture);
+            tallest = std::max(tallest, qRound(tile.picture.deviceIndependentSize().height()));
+            x += kColumnWidth;
+        }
+        y += kLabelHeight + tallest + kGap;
+    }
+    return sheet;
+}
+
+class GalleryDelegate : public AppDelegateInterface {
+public:
+    MainWindow* window() const override { return window_.get(); }
+
+private:
+    std::unique_ptr<MainWindow> window_ = std::make_unique<MainWindow>();
+};
+
+QPixmap windowPicture() {
+    GalleryDelegate delegate;
+    AppDelegateInterface::setApplicationDelegate(&delegate);
+    auto* root = BaseViewController::create<BaseViewController>();
+    root->setAutoFillBackground(true);
+    QPalette white = root->palette();
+    white.setColor(QPalette::Window, Qt::white);
+    root->setPalette(white);
+    delegate.window()->navigationViewController()->setViewController(root);
+    root->addBackButton();
+    auto* field = new VerticallyCenteredTextFieldCell(root);
+    field->setGeometry(40, 40, 276, 32);
+    field->setPlaceholderText(QStringLiteral("Credit"));
+    auto* panel = new RoundedView(root);
+    panel->setType(0);
+    panel->setGeometry(27, 40, 302, 32);
+    field->raise();
+    delegate.window()->show();
+    QApplication::processEvents();
+    QPixmap picture = delegate.window()->grab();
+    AppDelegateInterface::setApplicationDelegate(nullptr);
+    return picture;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
+    QApplication app(argc, argv);
+    if (argc != 2) {
+        qWarning("usage: orvale-gallery OUTPUT_DIR");
+        return 2;
+    }
+    const QDir output(QString::fromLocal8Bit(argv[1]));
+    output.mkpath(QStringLiteral("."));
+
+    QWidget sheet;
+    sheet.resize(600, 200);
+    sheet.show();
+    QApplication::setActiveWindow(&sheet);
+    const qreal ratio = sheet.devicePixelRatioF();
+    const QString suffix = QStringLiteral("-%1x.png").arg(ratio);
+
+    const bool saved = compose(allTiles(&sheet), ratio)
+                           .save(output.filePath(QStringLiteral("controls") + suffix)) &&
+                       windowPicture().save(output.filePath(QStringLiteral("window") + suffix));
+    return saved ? 0 : 1;
+}
