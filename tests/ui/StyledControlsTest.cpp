@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <QAccessible>
+#include <QApplication>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -62,6 +63,24 @@ TEST(StyledButtons, ArePressedFromTheKeyboardAndNamedByTheirTitle) {
         EXPECT_TRUE(button->focusPolicy() & Qt::TabFocus);
     }
     EXPECT_EQ(accessibleName(&rounded), QStringLiteral("Encode files"));
+}
+
+TEST(StyledButtons, RingTheFocusOnlyWhenItCameFromTheKeyboard) {
+    QWidget window;
+    auto* button = new RoundedButton(&window);
+    button->setGeometry(10, 10, 160, 40);
+    button->setType(3);
+    window.show();
+    QApplication::setActiveWindow(&window);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    const QImage plain = button->grab().toImage();
+
+    button->setFocus(Qt::ActiveWindowFocusReason);
+    ASSERT_TRUE(button->hasFocus());
+    EXPECT_EQ(button->grab().toImage(), plain);
+    button->clearFocus();
+    button->setFocus(Qt::TabFocusReason);
+    EXPECT_NE(button->grab().toImage(), plain);
 }
 
 TEST(ButtonWithImage, WithDisableAfterSelectedActsOnce) {
