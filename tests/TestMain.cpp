@@ -3,7 +3,6 @@
 #include <QCoreApplication>
 #include <QTemporaryDir>
 
-#include "platform/Log.h"
 #include "support/TestSandbox.h"
 
 // Every test run gets its own home, data and settings folders, so nothing of the user's is touched.
@@ -12,9 +11,7 @@ int main(int argc, char** argv) {
     useSandboxFolders(sandbox);
 
     QCoreApplication app(argc, argv);
-    QCoreApplication::setOrganizationName(QStringLiteral("brightfold"));
-    QCoreApplication::setApplicationName(QStringLiteral("Orvale"));
-    Log::setUp({.directory = {}, .consoleLevel = Log::Level::Warning, .consoleEnabled = true});
+    nameApplicationAndLog();
 
     testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();

@@ -3,7 +3,6 @@
 #include <QApplication>
 #include <QTemporaryDir>
 
-#include "platform/Log.h"
 #include "support/TestSandbox.h"
 
 // Widgets are tested offscreen, unless a platform is chosen (xvfb-run: QT_QPA_PLATFORM=xcb).
@@ -15,9 +14,7 @@ int main(int argc, char** argv) {
     }
 
     QApplication app(argc, argv);
-    QApplication::setOrganizationName(QStringLiteral("brightfold"));
-    QApplication::setApplicationName(QStringLiteral("Orvale"));
-    Log::setUp({.directory = {}, .consoleLevel = Log::Level::Warning, .consoleEnabled = true});
+    nameApplicationAndLog();
 
     testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();

@@ -18,10 +18,9 @@
 #include "ui/controls/RoundedButton.h"
 #include "ui/controls/RoundedView.h"
 #include "ui/controls/VerticallyCenteredTextFieldCell.h"
-#include "ui/navigation/AppDelegateInterface.h"
 #include "ui/navigation/BaseViewController.h"
-#include "ui/navigation/MainWindow.h"
 #include "ui/navigation/NavigationViewController.h"
+#include "ui/navigation/WindowAppDelegate.h"
 
 namespace {
 
@@ -66,6 +65,7 @@ std::vector<Tile> buttonTiles(QWidget* sheet, const QString& name, const Maker& 
     std::vector<Tile> tiles;
     for (const State state : {State::Normal, State::Pressed, State::Focused}) {
         std::unique_ptr<StyledButton> button(make(sheet));
+        button->show();  // focus set on a hidden widget arrives without its reason
         if (auto* imageButton = qobject_cast<ButtonWithImage*>(button.get());
             imageButton != nullptr && state == State::Pressed) {
             imageButton->setHighlighted(true);
@@ -104,26 +104,25 @@ std::vector<std::vector<Tile>> allTiles(QWidget* sheet) {
                 return button;
             }));
     }
-    rows.push_back(buttonTiles(sheet, QStringLiteral("ButtonWithIcon"), [](QWidget* parent) {
-        auto* button = new ButtonWithIcon(parent);
-        button->resize(100, 26);
-        button->setIconName(QStringLiteral("button_retry.png"));
-        button->setHighlightedIconName(QStringLiteral("button_retry.png"));
-        button->setTitleColor(HEX::colorWithHexString(QStringLiteral("#00a9e8")));
-        button->setTitleFont(Fonts::helveticaNeueBold(14));
-        button->setTitleString(QStringLiteral("Try Again"));
-        return button;
-    }));
-    rows.push_back(buttonTiles(sheet, QStringLiteral("Back"), [](QWidget* parent) {
-        auto* button = new ButtonWithIcon(parent);
-        button->resize(100, 26);
-        button->setIconName(QStringLiteral("icon_home.png"));
-        button->setHighlightedIconName(QStringLiteral("icon_home_selected.png"));
-        button->setTitleColor(HEX::colorWithHexString(QStringLiteral("#999999")));
-        button->setTitleFont(Fonts::helveticaNeueBold(12));
-        button->setTitleString(QStringLiteral("Back"));
-        return button;
-    }));
+    const auto iconButton = [](const char* icon, const char* highlightedIcon, const char* color,
+                               int fontSize, const char* title) {
+        return [=](QWidget* parent) {
+            auto* button = new ButtonWithIcon(parent);
+            button->resize(100, 26);
+            button->setIconName(QLatin1String(icon));
+            button->setHighlightedIconName(QLatin1String(highlightedIcon));
+            button->setTitleColor(HEX::colorWithHexString(QLatin1String(color)));
+            button->setTitleFont(Fonts::helveticaNeueBold(fontSize));
+            button->setTitleString(QLatin1String(title));
+            return button;
+        };
+    };
+    rows.push_back(buttonTiles(
+        sheet, QStringLiteral("ButtonWithIcon"),
+        iconButton("button_retry.png", "button_retry.png", "#00a9e8", 14, "Try Again")));
+    rows.push_back(
+        buttonTiles(sheet, QStringLiteral("Back"),
+                    iconButton("icon_home.png", "icon_home_selected.png", "#999999", 12, "Back")));
     for (const bool selected : {false, true}) {
         rows.push_back(buttonTiles(
             sheet, selected ? QStringLiteral("Checkbox on") : QStringLiteral("Checkbox"),
@@ -189,23 +188,11 @@ QImage compose(const std::vector<std::vector<Tile>>& rows, qreal ratio) {
     return sheet;
 }
 
-class GalleryDelegate : public AppDelegateInterface {
-public:
-    MainWindow* window() const override { return window_.get(); }
-
-private:
-    std::unique_ptr<MainWindow> window_ = std::make_unique<MainWindow>();
-};
-
 QPixmap windowPicture() {
-    GalleryDelegate delegate;
+    WindowAppDelegate delegate;
     AppDelegateInterface::setApplicationDelegate(&delegate);
     auto* root = BaseViewController::create<BaseViewController>();
-    root->setAutoFillBackground(true);
-    QPalette white = root->palette();
-    white.setColor(QPalette::Window, Qt::white);
-    root->setPalette(white);
-    delegate.window()->navigationViewController()->setViewController(root);
+    delegate.navigationViewController()->setViewController(root);
     root->addBackButton();
     auto* field = new VerticallyCenteredTextFieldCell(root);
     field->setGeometry(40, 40, 276, 32);

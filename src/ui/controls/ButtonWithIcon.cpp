@@ -14,13 +14,7 @@ constexpr qreal kTitleX = 30;
 
 }  // namespace
 
-ButtonWithIcon::ButtonWithIcon(QWidget* parent) : StyledButton(parent) {
-    connect(this, &QAbstractButton::clicked, this, [this] {
-        if (actionEnabled_) {
-            emit triggered();
-        }
-    });
-}
+ButtonWithIcon::ButtonWithIcon(QWidget* parent) : StyledButton(parent) {}
 
 void ButtonWithIcon::setIconName(const QString& imageName) {
     iconName_ = imageName;
@@ -33,21 +27,10 @@ void ButtonWithIcon::setHighlightedIconName(const QString& imageName) {
 }
 
 void ButtonWithIcon::setTitleString(const QString& title) {
-    setText(title);
+    StyledButton::setTitleString(title);
     const qreal titleWidth = std::ceil(QFontMetricsF(font()).horizontalAdvance(title));
     const qreal width = ControlLayout::iconButtonWidth(this->width(), titleWidth);
     resize(static_cast<int>(std::ceil(width)), height());
-    update();
-}
-
-void ButtonWithIcon::setTitleColor(const QColor& color) {
-    titleColor_ = color;
-    update();
-}
-
-void ButtonWithIcon::setTitleFont(const QFont& font) {
-    setFont(font);
-    update();
 }
 
 void ButtonWithIcon::paintEvent(QPaintEvent*) {
@@ -60,6 +43,6 @@ void ButtonWithIcon::paintEvent(QPaintEvent*) {
     const qreal textHeight = QFontMetricsF(font()).height();
     const QRectF title(kTitleX, ControlLayout::labelY(height(), textHeight), width() - kTitleX,
                        textHeight);
-    drawLabelText(painter, title, text(), font(), titleColor_, Qt::AlignLeft);
+    drawLabelText(painter, title, text(), font(), titleColor(), Qt::AlignLeft);
     drawFocusRing(painter, rect(), 6);
 }

@@ -6,7 +6,6 @@
 
 ButtonWithImage::ButtonWithImage(QWidget* parent) : StyledButton(parent) {
     connect(this, &QAbstractButton::pressed, this, [this] { setHighlighted(true); });
-    connect(this, &QAbstractButton::clicked, this, &ButtonWithImage::release);
 }
 
 void ButtonWithImage::setNormalImage(const QString& imageName) {
@@ -42,7 +41,7 @@ void ButtonWithImage::setSelected(bool selected) {
 
 bool ButtonWithImage::acceptsPress() const { return !(disableAfterSelected_ && selected_); }
 
-void ButtonWithImage::release() {
+void ButtonWithImage::pressEnded() {
     if (highlighted_) {
         setHighlighted(false);
     }

@@ -27,11 +27,11 @@ public:
 
 protected:
     bool acceptsPress() const override;
+    void pressEnded() override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
     void showImage(const QString& imageName);
-    void release();
 
     QString normalImage_;
     QString highlightedImage_;

@@ -17,22 +17,6 @@ constexpr qreal kTitleX = 20;
 Checkbox::Checkbox(QWidget* parent) : StyledButton(parent) {
     setCheckable(true);
     setFont(Fonts::helveticaNeue(12));
-    connect(this, &QAbstractButton::clicked, this, &StyledButton::triggered);
-}
-
-void Checkbox::setTitleString(const QString& title) {
-    setText(title);
-    update();
-}
-
-void Checkbox::setTitleColor(const QColor& color) {
-    titleColor_ = color;
-    update();
-}
-
-void Checkbox::setTitleFont(const QFont& font) {
-    setFont(font);
-    update();
 }
 
 void Checkbox::paintEvent(QPaintEvent*) {
@@ -43,7 +27,7 @@ void Checkbox::paintEvent(QPaintEvent*) {
     const qreal textHeight = QFontMetricsF(font()).height();
     const QRectF title(kTitleX, ControlLayout::labelY(height(), textHeight), width() - kTitleX,
                        textHeight);
-    drawLabelText(painter, title, text(), font(), titleColor_, Qt::AlignLeft);
+    drawLabelText(painter, title, text(), font(), titleColor(), Qt::AlignLeft);
     drawFocusRing(painter, QRectF(QPointF(0, 0), QSizeF(kBoxSize)).adjusted(-1, -1, 1, 1) & rect(),
                   3);
 }

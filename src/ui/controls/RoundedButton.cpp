@@ -10,11 +10,7 @@
 
 RoundedButton::RoundedButton(QWidget* parent) : StyledButton(parent) {
     setType(0);
-    connect(this, &QAbstractButton::clicked, this, [this] {
-        if (actionEnabled_) {
-            emit triggered();
-        }
-    });
+    setTitleColor(Qt::white);
 }
 
 void RoundedButton::setType(int type) {
@@ -29,20 +25,10 @@ void RoundedButton::setType(int type) {
     update();
 }
 
-void RoundedButton::setTitleString(const QString& title) {
-    setText(title);
-    update();
-}
-
-void RoundedButton::setTitleColor(const QColor& color) {
-    titleColor_ = color;
-    update();
-}
-
 void RoundedButton::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     RoundedView::drawPanel(painter, rect(), isDown() ? pressedBackground_ : normalBackground_);
     const QRectF title = ControlLayout::titleRectForBounds(rect(), QFontMetricsF(font()).height());
-    drawLabelText(painter, title, text(), font(), titleColor_, Qt::AlignHCenter);
+    drawLabelText(painter, title, text(), font(), titleColor(), Qt::AlignHCenter);
     drawFocusRing(painter, rect(), height() / 2.0);
 }

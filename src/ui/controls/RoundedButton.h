@@ -1,13 +1,9 @@
 #pragma once
 
-#include <QColor>
-
 #include "ui/controls/StyledButton.h"
 
 // A button drawn on a panel of the image set, with a bold title centred over it. Its type (0-4)
-// picks the panels, normal and pressed, and the title size. A button whose action is disabled
-// still looks and highlights as usual; it only sends nothing. That flag is not QWidget's enabled
-// state, which would also stop the mouse from reaching it.
+// picks the panels, normal and pressed, and the title size.
 class RoundedButton : public StyledButton {
     Q_OBJECT
 
@@ -17,14 +13,6 @@ public:
     int type() const { return type_; }
     // Types outside 0-4 change nothing.
     void setType(int type);
-
-    QString titleString() const { return text(); }
-    void setTitleString(const QString& title);
-    QColor titleColor() const { return titleColor_; }
-    void setTitleColor(const QColor& color);
-
-    bool isActionEnabled() const { return actionEnabled_; }
-    void setActionEnabled(bool enabled) { actionEnabled_ = enabled; }
 
     bool isHighlighted() const { return isDown(); }
     void setHighlighted(bool highlighted) { setDown(highlighted); }
@@ -36,6 +24,4 @@ private:
     int type_ = 0;
     int normalBackground_ = -1;
     int pressedBackground_ = -1;
-    QColor titleColor_ = Qt::white;
-    bool actionEnabled_ = true;
 };

@@ -28,6 +28,28 @@ QKeyEvent asSelect(const QKeyEvent* event) {
 StyledButton::StyledButton(QWidget* parent) : QAbstractButton(parent) {
     setFocusPolicy(Qt::TabFocus);
     setAttribute(Qt::WA_Hover, false);
+    connect(this, &QAbstractButton::clicked, this, &StyledButton::pressEnded);
+}
+
+void StyledButton::setTitleString(const QString& title) {
+    setText(title);
+    update();
+}
+
+void StyledButton::setTitleColor(const QColor& color) {
+    titleColor_ = color;
+    update();
+}
+
+void StyledButton::setTitleFont(const QFont& font) {
+    setFont(font);
+    update();
+}
+
+void StyledButton::pressEnded() {
+    if (actionEnabled_) {
+        emit triggered();
+    }
 }
 
 QSize StyledButton::sizeHint() const { return size(); }

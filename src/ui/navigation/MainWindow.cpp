@@ -21,6 +21,11 @@ MainWindow::MainWindow(QWidget* parent)
     layout->addWidget(titleStrip_);
     M3NavigationView* navigationView = navigationViewController_->navigationView();
     navigationView->setFixedSize(kContentSize);
+    // Screens are white; so is the content while a screen slides in.
+    navigationView->setAutoFillBackground(true);
+    QPalette white = navigationView->palette();
+    white.setColor(QPalette::Window, Qt::white);
+    navigationView->setPalette(white);
     layout->addWidget(navigationView);
     setCentralWidget(content);
     // The window keeps the content's size, menu bar or not.
