@@ -55,7 +55,9 @@ void ButtonWithImage::pressEnded() {
             setSelected(!selected_);
         }
     }
-    emit triggered();
+    if (isActionEnabled()) {
+        emit triggered();
+    }
 }
 
 void ButtonWithImage::showImage(const QString& imageName) {
