@@ -1,13 +1,16 @@
 #include <gtest/gtest.h>
 
+#include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonObject>
+#include <QRegularExpression>
 
 #include "support/CliRun.h"
 #include "support/TestMedia.h"
 
 TEST(ProbeCommand, AnswersEveryPathInArgumentOrder) {
-    const QString video = TestMedia::copyNamed(TestMedia::video(1280, 720, 1, true), "probe cli 'é'.mov");
+    const QString video =
+        TestMedia::copyNamed(TestMedia::video(1280, 720, 1, true), "probe cli 'é'.mov");
     const QString text = TestMedia::textFile("probe-cli.mp4", "just text");
     const QString missing = QStringLiteral("/no/such/clip.mov");
     const CliRun result = CliRun::run({"probe", "--json", "--do-not-encode", video, missing, text});
@@ -24,10 +27,17 @@ TEST(ProbeCommand, AnswersEveryPathInArgumentOrder) {
     EXPECT_EQ(first.value("height").toDouble(), 720);
     const QJsonArray presets = first.value("presets").toArray();
     ASSERT_EQ(presets.size(), 7);  // six 16:9 sizes up to 1280x720, then "Do Not Encode"
-    EXPECT_EQ(presets.first().toObject(),
-              (QJsonObject{{"width", 1280}, {"height", 720}, {"sizeDescription", "1280x720"},
-                           {"minBitrate", "2000k"}, {"maxBitrate", "3200k"}}));
+    // A second at 2000k-3200k plus 128k of audio.
+    const QJsonObject band{{"minBytes", 266000}, {"maxBytes", 416000}, {"text", "≈ 266-416 kB"}};
+    EXPECT_EQ(presets.first().toObject(), (QJsonObject{{"width", 1280},
+                                                       {"height", 720},
+                                                       {"sizeDescription", "1280x720"},
+                                                       {"minBitrate", "2000k"},
+                                                       {"maxBitrate", "3200k"},
+                                                       {"expectedSize", band}}));
     EXPECT_EQ(presets.last().toObject().value("sizeDescription").toString(), "Do Not Encode");
+    const double size = QFileInfo(video).size();
+    EXPECT_EQ(presets.last().toObject().value("expectedSize").toObject().value("minBytes"), size);
 
     const QJsonObject second = entries.at(1).toObject();
     EXPECT_EQ(second.value("path").toString(), missing);
@@ -45,13 +55,15 @@ TEST(ProbeCommand, PrintsSizesAsText) {
     ASSERT_EQ(result.exitCode, 0);
     const QString text = QString::fromUtf8(result.out);
     EXPECT_TRUE(text.contains("video, 1000 ms, 854x480")) << text.toStdString();
-    EXPECT_TRUE(text.contains("640x360")) << text.toStdString();
+    EXPECT_TRUE(text.contains(QRegularExpression("\\n +640x360 +1500k - 2500k +≈ 203-329 kB\\n")))
+        << text.toStdString();
     EXPECT_FALSE(text.contains("Do Not Encode"));
 }
 
 TEST(ProbeCommand, UsageErrorsExitWithTwoAndOneLine) {
-    for (const QStringList& arguments : {QStringList{"probe"}, QStringList{"probe", "--bogus", "x.mov"},
-                                         QStringList{"frobnicate"}, QStringList{}}) {
+    for (const QStringList& arguments :
+         {QStringList{"probe"}, QStringList{"probe", "--bogus", "x.mov"}, QStringList{"frobnicate"},
+          QStringList{}}) {
         const CliRun result = CliRun::run(arguments);
         EXPECT_EQ(result.exitCode, 2) << arguments.join(' ').toStdString();
         EXPECT_LE(result.err.count('\n'), 1) << result.err.toStdString();
