@@ -1,0 +1,206 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QLabel>
+#include <QMimeData>
+#include <QTest>
+
+#include "model/FileRowLayout.h"
+#include "ui/controls/ButtonWithImage.h"
+#include "ui/controls/Checkbox.h"
+#include "ui/files/DragAndDropDestinationView.h"
+#include "ui/files/DragAndDropDestinationViewDelegate.h"
+#include "ui/files/FileCell.h"
+#include "ui/files/FilesTableView.h"
+#include "ui/files/FilesTableViewDelegate.h"
+
+namespace {
+
+FilePtr video(const QString& name, double width = 1280, double height = 720,
+              double durationMs = 90000) {
+    auto file = std::make_shared<File>(QUrl::fromLocalFile(QStringLiteral("/clips/") + name));
+    file->isVideo = true;
+    file->videoDetail = std::make_shared<VideoDetail>();
+    file->videoDetail->width = width;
+    file->videoDetail->height = height;
+    file->videoDetail->duration = durationMs;
+    return file;
+}
+
+class Files : public testing::Test, public FilesTableViewDelegate {
+protected:
+    Files() {
+        table.resize(600, 300);
+        table.setComponentDelegate(this);
+        table.show();
+    }
+
+    void didRemoveFile(const FilePtr& file) override { removed.append(file); }
+
+    QStringList popupItems(FileCell* cell) const {
+        QStringList items;
+        for (int i = 0; i < cell->selectFormatPopupButton()->count(); ++i) {
+            items << cell->selectFormatPopupButton()->itemText(i);
+        }
+        return items;
+    }
+    void choose(FileCell* cell, int index) {
+        cell->selectFormatPopupButton()->setCurrentIndex(index);
+        emit cell->selectFormatPopupButton()->activated(index);
+    }
+
+    FilesTableView table;
+    FileList removed;
+};
+
+}  // namespace
+
+TEST_F(Files, AFreshRowTakesTheFirstSizeAndAChosenSizeSurvivesRedraws) {
+    const FilePtr clip = video(QStringLiteral("clip.mov"));
+    table.addFile(clip);
+    FileCell* cell = table.cellForRow(0);
+    ASSERT_NE(cell, nullptr);
+    EXPECT_EQ(popupItems(cell),
+              (QStringList{"1280x720", "1024x576", "960x540", "896x504", "768x432", "640x360"}));
+    EXPECT_EQ(cell->selectFormatPopupButton()->currentText(), "1280x720");
+    EXPECT_EQ(clip->videoDetail->widthToEncode, 1280);
+    EXPECT_EQ(clip->videoDetail->minBitrate, "2000k");
+    EXPECT_EQ(clip->videoDetail->maxBitrate, "3200k");
+    EXPECT_EQ(cell->detailLabel()->text(), "1:30 · 1280x720");
+    EXPECT_EQ(cell->sizeBandLabel()->text(), "≈ 23-38 MB");
+
+    choose(cell, 2);
+    EXPECT_EQ(clip->videoDetail->widthToEncode, 960);
+    EXPECT_EQ(clip->videoDetail->maxBitrate, "2200k");
+    EXPECT_FALSE(clip->videoDetail->doNotEncode);
+    table.reloadData();
+    EXPECT_EQ(table.cellForRow(0)->selectFormatPopupButton()->currentText(), "960x540");
+
+    table.setHasDoNotEncode(true);
+    cell = table.cellForRow(0);
+    ASSERT_EQ(popupItems(cell).last(), "Do Not Encode");
+    choose(cell, 6);
+    EXPECT_TRUE(clip->videoDetail->doNotEncode);
+    EXPECT_EQ(clip->videoDetail->widthToEncode, 0);
+    table.reloadData();
+    EXPECT_EQ(table.cellForRow(0)->selectFormatPopupButton()->currentText(), "Do Not Encode");
+}
+
+TEST_F(Files, RowsShowNamesShortenedInTheMiddleAndOnlyVideosGetAPopup) {
+    const QString longName = QStringLiteral(
+        "a very long name of a holiday clip that goes on and on "
+        "and on until it cannot fit in any row.mov");
+    auto text = std::make_shared<File>(QUrl::fromLocalFile(QStringLiteral("/clips/notes.txt")));
+    table.setHasPreserveOriginal(true);
+    table.setFiles({video(longName), text});
+    FileCell* row = table.cellForRow(0);
+    const QString shown = row->filenameLabel()->text();
+    EXPECT_TRUE(shown.startsWith(QStringLiteral("a very"))) << shown.toStdString();
+    EXPECT_TRUE(shown.endsWith(QStringLiteral("row.mov"))) << shown.toStdString();
+    EXPECT_TRUE(shown.contains(QChar(0x2026)));
+    EXPECT_EQ(row->filenameLabel()->width(), FileRowLayout::kNameWidthBesideCheckbox);
+    EXPECT_TRUE(row->preserveOriginalCheckbox()->isVisible());
+    QTest::mouseClick(row->preserveOriginalCheckbox(), Qt::LeftButton);
+    EXPECT_TRUE(table.files().at(0)->videoDetail->preserveOriginal);
+
+    FileCell* other = table.cellForRow(1);
+    EXPECT_FALSE(other->selectFormatPopupButton()->isVisible());
+    EXPECT_FALSE(other->preserveOriginalCheckbox()->isVisible());
+    EXPECT_EQ(other->filenameLabel()->text(), "notes.txt");
+}
+
+TEST_F(Files, FiveHundredFilesMakeRowsOnlyForWhatIsInSight) {
+    FileList files;
+    for (int i = 0; i < 500; ++i) {
+        files.append(video(QStringLiteral("clip %1.mov").arg(i)));
+    }
+    table.setFiles(files);
+    const qsizetype inSight = table.visibleCells().size();
+    EXPECT_EQ(inSight, 300 / static_cast<int>(FileRowLayout::kRowHeight));
+    // Rows never shown are configured all the same.
+    EXPECT_EQ(files.last()->videoDetail->widthToEncode, 1280);
+
+    table.setFocus();
+    QTest::keyClick(&table, Qt::Key_End);
+    ASSERT_NE(table.cellForRow(499), nullptr);
+    EXPECT_EQ(table.cellForRow(499)->file(), files.last());
+    EXPECT_TRUE(table.cellForRow(499)->isSelected());
+    EXPECT_EQ(table.cellForRow(0), nullptr);
+    EXPECT_LE(table.visibleCells().size() + table.reusableCellCount(), inSight + 1);
+}
+
+TEST_F(Files, TheKeyboardMovesTheSelectionAndRemovesRowsAsTheButtonDoes) {
+    const FileList files{video("a.mov"), video("b.mov"), video("c.mov")};
+    table.setFiles(files);
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&table));
+    table.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&table));
+    QTest::mouseClick(table.cellForRow(1)->filenameLabel(), Qt::LeftButton);
+    EXPECT_EQ(table.selectedRow(), 1);
+    EXPECT_TRUE(table.hasFocus());
+    QTest::keyClick(&table, Qt::Key_Up);
+    EXPECT_EQ(table.selectedRow(), 0);
+    QTest::keyClick(&table, Qt::Key_Delete);
+    EXPECT_EQ(removed, FileList{files.at(0)});
+    EXPECT_EQ(table.selectedRow(), 0);
+    QTest::keyClick(&table, Qt::Key_Backspace);
+    EXPECT_EQ(table.files(), FileList{files.at(2)});
+
+    QTest::mouseClick(table.cellForRow(0)->removeButton(), Qt::LeftButton);
+    EXPECT_TRUE(table.files().isEmpty());
+    EXPECT_EQ(removed, files);
+    EXPECT_EQ(table.selectedRow(), -1);
+    EXPECT_TRUE(table.visibleCells().isEmpty());
+}
+
+namespace {
+
+struct Drops : DragAndDropDestinationViewDelegate {
+    void dragAndDropFiles(const QStringList& dropped) override { paths.append(dropped); }
+    void dragAndDropFileURL(const QUrl& url) override { urls.append(url); }
+    QList<QStringList> paths;
+    QList<QUrl> urls;
+};
+
+// Entering first, as a real drag does: Qt drops only on a widget that took the drag.
+bool drop(DragAndDropDestinationView& view, const QMimeData& data) {
+    const Qt::DropActions actions = Qt::CopyAction | Qt::MoveAction;
+    QDragEnterEvent enter(QPoint(10, 10), actions, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&view, &enter);
+    if (!enter.isAccepted() || enter.dropAction() != Qt::CopyAction) {
+        return false;
+    }
+    QDropEvent event(QPointF(10, 10), actions, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&view, &event);
+    return event.isAccepted() && event.dropAction() == Qt::CopyAction;
+}
+
+}  // namespace
+
+TEST(DragAndDropDestinationView, HandsDroppedFilesOnAsLocalPaths) {
+    DragAndDropDestinationView view;
+    Drops delegate;
+    view.setDelegate(&delegate);
+    view.acceptDragAndDrop();
+
+    QMimeData files;
+    files.setUrls({QUrl::fromLocalFile(QStringLiteral("/clips/a b.mov")),
+                   QUrl(QStringLiteral("http://127.0.0.1/c.mov")),
+                   QUrl::fromLocalFile(QStringLiteral("/clips/folder"))});
+    EXPECT_FALSE(view.canTake(&files, Qt::MoveAction));
+    EXPECT_TRUE(drop(view, files));
+    EXPECT_EQ(delegate.paths, (QList<QStringList>{{"/clips/a b.mov", "/clips/folder"}}));
+
+    // Addresses but no files: the drop is taken and nothing is passed on.
+    QMimeData addresses;
+    addresses.setUrls({QUrl(QStringLiteral("http://127.0.0.1/c.mov"))});
+    EXPECT_TRUE(drop(view, addresses));
+    QMimeData words;
+    words.setText(QStringLiteral("/clips/a.mov"));
+    EXPECT_FALSE(drop(view, words));
+    EXPECT_EQ(delegate.paths.size(), 1);
+
+    view.setUseURLPasteboard(true);
+    EXPECT_TRUE(drop(view, files));
+    EXPECT_EQ(delegate.urls, QList<QUrl>{QUrl::fromLocalFile(QStringLiteral("/clips/a b.mov"))});
+}
