@@ -1,10 +1,11 @@
 // orvale-gallery OUTPUT_DIR
 //
-// Draws every styled control in every type and state (normal, pressed, keyboard focus), and the
-// main window, at the screen's pixel ratio (QT_SCALE_FACTOR=2 for 2x), into
-// OUTPUT_DIR/controls-Nx.png and OUTPUT_DIR/window-Nx.png.
+// Draws every styled control in every type and state (normal, pressed, keyboard focus), the
+// metadata views and the file list, and the main window, at the screen's pixel ratio
+// (QT_SCALE_FACTOR=2 for 2x), into OUTPUT_DIR/controls-Nx.png, views-Nx.png and window-Nx.png.
 #include <QApplication>
 #include <QDir>
+#include <QLabel>
 #include <QPainter>
 #include <functional>
 #include <memory>
@@ -18,6 +19,10 @@
 #include "ui/controls/RoundedButton.h"
 #include "ui/controls/RoundedView.h"
 #include "ui/controls/VerticallyCenteredTextFieldCell.h"
+#include "ui/files/FilesTableView.h"
+#include "ui/metadata/CreditsView.h"
+#include "ui/metadata/InputView.h"
+#include "ui/metadata/TagsView.h"
 #include "ui/navigation/BaseViewController.h"
 #include "ui/navigation/NavigationViewController.h"
 #include "ui/navigation/WindowAppDelegate.h"
@@ -188,6 +193,92 @@ QImage compose(const std::vector<std::vector<Tile>>& rows, qreal ratio) {
     return sheet;
 }
 
+FilePtr galleryFile(const QString& name, double width, double height, double seconds) {
+    auto file = std::make_shared<File>(QUrl::fromLocalFile(QStringLiteral("/clips/") + name));
+    file->isVideo = width > 0;
+    file->size = 2400000;
+    if (file->isVideo) {
+        file->videoDetail = std::make_shared<VideoDetail>();
+        file->videoDetail->width = width;
+        file->videoDetail->height = height;
+        file->videoDetail->duration = seconds * 1000;
+    }
+    return file;
+}
+
+FileList galleryFiles() {
+    return {galleryFile(QStringLiteral("Summer holiday at the lake with the whole family, "
+                                       "second afternoon, uncut.mov"),
+                        1280, 720, 754),
+            galleryFile(QStringLiteral("interview.mp4"), 1920, 1080, 192),
+            galleryFile(QStringLiteral("notes.pdf"), 0, 0, 0)};
+}
+
+QLabel* caption(QWidget* board, const QString& text, const QPoint& at) {
+    auto* label = new QLabel(text, board);
+    label->setFont(Fonts::helveticaNeue(11));
+    label->setStyleSheet(QStringLiteral("color: #70767c;"));
+    label->move(at);
+    return label;
+}
+
+// The metadata views and the file list as the screens will show them.
+QPixmap viewsPicture() {
+    QWidget board;
+    board.resize(960, 640);
+    QPalette white = board.palette();
+    white.setColor(QPalette::Window, Qt::white);
+    board.setPalette(white);
+    board.setAutoFillBackground(true);
+
+    caption(&board, QStringLiteral("TagsView: two rows, a long tag"), {20, 10});
+    auto* tags = new TagsView(&board);
+    tags->move(20, 30);
+    for (const QString& tag :
+         {QStringLiteral("holiday"), QStringLiteral("lake"), QStringLiteral("summer 2015"),
+          QStringLiteral("a tag so long that its chip stops growing and cuts the rest off")}) {
+        tags->tagTextField()->setText(tag);
+        tags->addTagsButtonDidTouch();
+    }
+
+    caption(&board, QStringLiteral("CreditsView: three credits"), {420, 10});
+    auto* credits = new CreditsView(&board);
+    credits->move(420, 30);
+    CreditList list;
+    for (const char* name : {"Director", "Camera", "Editor"}) {
+        list.append(std::make_shared<Credit>());
+        list.last()->name = QLatin1String(name);
+    }
+    credits->setCredits(list);
+    credits->creditInputViews().first()->textField()->setText(QStringLiteral("Ann Lee"));
+
+    caption(&board, QStringLiteral("CreditsView: no category"), {740, 10});
+    auto* noCategory = new CreditsView(&board);
+    noCategory->move(740, 30);
+    noCategory->clearView();
+
+    caption(&board, QStringLiteral("FilesTableView: local encode"), {20, 240});
+    auto* local = new FilesTableView(&board);
+    local->setGeometry(20, 260, 640, 160);
+    local->setFiles(galleryFiles());
+    local->selectRow(1);
+
+    caption(&board, QStringLiteral("FilesTableView: upload (Do Not Encode, preserve original)"),
+            {20, 440});
+    auto* upload = new FilesTableView(&board);
+    upload->setGeometry(20, 460, 640, 160);
+    upload->setHasDoNotEncode(true);
+    upload->setHasPreserveOriginal(true);
+    FileList files = galleryFiles();
+    files.at(0)->videoDetail->preserveOriginal = true;
+    files.at(1)->videoDetail->doNotEncode = true;
+    upload->setFiles(files);
+
+    board.show();
+    QApplication::processEvents();
+    return board.grab();
+}
+
 QPixmap windowPicture() {
     WindowAppDelegate delegate;
     AppDelegateInterface::setApplicationDelegate(&delegate);
@@ -231,6 +322,7 @@ int main(int argc, char** argv) {
 
     const bool saved = compose(allTiles(&sheet), ratio)
                            .save(output.filePath(QStringLiteral("controls") + suffix)) &&
+                       viewsPicture().save(output.filePath(QStringLiteral("views") + suffix)) &&
                        windowPicture().save(output.filePath(QStringLiteral("window") + suffix));
     return saved ? 0 : 1;
 }
