@@ -20,7 +20,7 @@ namespace {
 // Answers the encoder query like a build without libvo_aacenc, then runs the given body; the
 // output path is the last argument.
 QString fakeFfmpeg(const QString& body) {
-    return QStringLiteral("if [ \"$2\" = -encoders ]; then echo ' A....D aac   AAC'; exit 0; fi\n"
+    return QStringLiteral("if [ \"$1\" = -encoders ]; then echo ' A....D aac   AAC'; exit 0; fi\n"
                           "for last in \"$@\"; do :; done\n%1")
         .arg(body);
 }
