@@ -1,9 +1,9 @@
 #include "jobs/DataManager.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <thread>
 
 #include "jobs/NotificationNames.h"
 #include "jobs/OutputFolder.h"
@@ -24,7 +24,8 @@ void removeIfPresent(const QUrl& url) {
 }
 
 bool needsEncoding(const File& file) {
-    return file.isVideo && file.videoDetail && !file.videoDetail->doNotEncode && !file.videoDetail->encodeSuccess;
+    return file.isVideo && file.videoDetail && !file.videoDetail->doNotEncode &&
+           !file.videoDetail->encodeSuccess;
 }
 
 }  // namespace
@@ -45,6 +46,12 @@ DataManager::DataManager(NotificationCenter& center, PowerAssertion& powerAssert
     setUpSession();
     encoder_ = std::make_unique<Encoder>();
     encoder_->setDelegate(this);
+    probePool_ = std::make_unique<ProbePool>(*encoder_);
+    if (QCoreApplication::instance() != nullptr) {
+        // The shared instance outlives the application object; its probes must not.
+        connect(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, this,
+                [this] { probePool_->stop(); });
+    }
 }
 
 DataManager::DataManager(NotificationCenter& center, PowerAssertion& powerAssertion,
@@ -52,18 +59,15 @@ DataManager::DataManager(NotificationCenter& center, PowerAssertion& powerAssert
     : DataManager(center, powerAssertion, UserDefaultsManager::sharedInstance(), parent) {}
 
 DataManager::~DataManager() {
+    probePool_.reset();
     serverManager_->setDelegate(nullptr);
     encoder_->setDelegate(nullptr);
     releaseIdleSleepAssertion();
 }
 
-void DataManager::post(QLatin1String name, const QVariant& object) {
-    center_.post(name, object);
-}
+void DataManager::post(QLatin1String name, const QVariant& object) { center_.post(name, object); }
 
-void DataManager::addVideoDetailsToFileIfNeeded(const FilePtr& file) {
-    std::thread([encoder = encoder_.get(), file] { encoder->loadVideoDetailsForFile(file); }).detach();
-}
+void DataManager::addVideoDetailsToFileIfNeeded(const FilePtr& file) { probePool_->probe(file); }
 
 void DataManager::startLocalEncodeForFiles(const FileList& files, const QUrl& outputDirectory) {
     LOG_VERBOSE("startLocalEncode");
@@ -93,7 +97,8 @@ void DataManager::startLocalEncodeForFiles(const FileList& files, const QUrl& ou
 
 void DataManager::splitIntoEncodeListAndUploadQueue(const FileList& files, FileList& encodeList) {
     for (const FilePtr& file : files) {
-        totalBytesToWrite_ = static_cast<quint64>(static_cast<double>(totalBytesToWrite_) + file->size);
+        totalBytesToWrite_ =
+            static_cast<quint64>(static_cast<double>(totalBytesToWrite_) + file->size);
         if (needsEncoding(*file)) {
             encodeList.append(file);
             totalDuration_ += file->videoDetail->duration;
@@ -123,7 +128,9 @@ void DataManager::resetJob(const FileList& files) {
 void DataManager::accountUploadSizes() {
     quint64 sourceBytes = 0;
     quint64 bytesToSend = 0;
-    auto add = [](quint64 sum, double bytes) { return static_cast<quint64>(static_cast<double>(sum) + bytes); };
+    auto add = [](quint64 sum, double bytes) {
+        return static_cast<quint64>(static_cast<double>(sum) + bytes);
+    };
     for (const FilePtr& file : std::as_const(filesQueue_)) {
         sourceBytes = add(sourceBytes, file->size);
         if (!uploadQueue_.contains(file)) {
@@ -139,7 +146,8 @@ void DataManager::accountUploadSizes() {
             bytesToSend = add(bytesToSend, encodedSize);
         }
     }
-    uploadMultiplier_ = static_cast<float>(static_cast<double>(sourceBytes) / static_cast<double>(bytesToSend));
+    uploadMultiplier_ =
+        static_cast<float>(static_cast<double>(sourceBytes) / static_cast<double>(bytesToSend));
 }
 
 void DataManager::uploadFilesFromQueue() {
@@ -168,8 +176,8 @@ void DataManager::moveToOutputFolder(const FilePtr& file) {
     if (source.isEmpty() || !QFileInfo::exists(source.toLocalFile())) {
         return;
     }
-    const QString target =
-        OutputFolder::targetPath(localEncodeOutputDirUrl_.toLocalFile(), QFileInfo(source.toLocalFile()).fileName());
+    const QString target = OutputFolder::targetPath(localEncodeOutputDirUrl_.toLocalFile(),
+                                                    QFileInfo(source.toLocalFile()).fileName());
     LOG_VERBOSE("moving file at [{}] to [{}]", source, QUrl::fromLocalFile(target));
     if (QFile::rename(source.toLocalFile(), target)) {
         movedTo_.insert(file.get(), target);
@@ -209,9 +217,7 @@ void DataManager::deleteEncodedFilesIfNecessary() {
     }
 }
 
-FileList DataManager::failedFiles() const {
-    return encodeFailedFiles_ + uploadFailedFiles_;
-}
+FileList DataManager::failedFiles() const { return encodeFailedFiles_ + uploadFailedFiles_; }
 
 void DataManager::didFinishLoadingDetailsForFile(const FilePtr& file) {
     post(kNotificationDidFinishLoadingDetailsForFile, QVariant::fromValue(file));

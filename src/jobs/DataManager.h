@@ -8,6 +8,7 @@
 #include <optional>
 
 #include "media/Encoder.h"
+#include "media/ProbePool.h"
 #include "model/User.h"
 #include "platform/NotificationCenter.h"
 #include "platform/PowerAssertion.h"
@@ -31,7 +32,7 @@ public:
                 QObject* parent = nullptr);
     ~DataManager() override;
 
-    // Probes the file on a thread of its own; "kNotificationDidFinishLoadingDetailsForFile"
+    // Probes the file on a thread of the probe pool; "kNotificationDidFinishLoadingDetailsForFile"
     // follows on the main thread.
     void addVideoDetailsToFileIfNeeded(const FilePtr& file);
 
@@ -44,7 +45,9 @@ public:
     void stopUploading();
     // The per-chunk byte line goes to standard output (the app) or to the log (orvale-cli,
     // whose standard output is its own).
-    void setByteLinesToStandardOutput(bool toStandardOutput) { byteLinesToStdout_ = toStandardOutput; }
+    void setByteLinesToStandardOutput(bool toStandardOutput) {
+        byteLinesToStdout_ = toStandardOutput;
+    }
     const FileList& uploadFailedFiles() const { return uploadFailedFiles_; }
     float currentUploadPercent() const { return currentUploadPercent_; }
     quint64 bytesWritten() const { return bytesWritten_; }
@@ -152,6 +155,8 @@ private:
     UserDefaultsManager& userDefaultsManager_;
     std::unique_ptr<ServerManagerHTTP> serverManager_;
     std::unique_ptr<Encoder> encoder_;
+    // After the encoder, so that it goes first: its threads use the encoder.
+    std::unique_ptr<ProbePool> probePool_;
 
     UserPtr loggedinUser_;
     UserPtr tempUser_;

@@ -3,15 +3,14 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QSet>
-#include <QThreadPool>
 #include <QTimer>
 #include <mutex>
 
 #include "media/TranscodeCommand.h"
 #include "media/VideoProbe.h"
-#include "platform/Paths.h"
 #include "platform/HelperLocator.h"
 #include "platform/Log.h"
+#include "platform/Paths.h"
 #include "platform/SystemVersion.h"
 
 namespace {
@@ -32,20 +31,6 @@ QString helperName(const QString& baseName) {
     return SystemVersion::helperName(baseName, SystemVersion::productVersion());
 }
 
-// Asking ffmpeg for its encoders takes as long as a probe; done beside the first probe, the
-// answer is ready when the first encode starts.
-void findAudioEncoderAhead() {
-    static std::once_flag started;
-    std::call_once(started, [] {
-        QThreadPool::globalInstance()->start([] {
-            const QString helper = HelperLocator::locate(helperName(QStringLiteral("ffmpeg")));
-            if (!helper.isEmpty()) {
-                TranscodeCommand::audioEncoderFor(helper);
-            }
-        });
-    });
-}
-
 }  // namespace
 
 Encoder::Encoder(QObject* parent) : QObject(parent) {}
@@ -62,15 +47,19 @@ QString Encoder::helperPath(const QString& baseName) {
 }
 
 void Encoder::loadVideoDetailsForFile(const FilePtr& file) {
-    findAudioEncoderAhead();
     QByteArray answer;
     const QString helper = helperPath(QStringLiteral("ffprobe"));
-    if (!helper.isEmpty()) {
+    if (!helper.isEmpty() && !probesAbandoned_) {
         const bool legacyOption = VideoProbe::acceptsShowFormatEntry(helper);
-        answer = VideoProbe::run(helper, VideoProbe::arguments(file->path(), legacyOption));
+        answer = VideoProbe::run(helper, VideoProbe::arguments(file->path(), legacyOption),
+                                 probesAbandoned_);
+    }
+    if (probesAbandoned_) {
+        return;
     }
     VideoProbe::applyAnswer(answer, *file);
-    LOG_VERBOSE("File: {}, Size: {:f}, IsVideo: {:d}", file->fileName(), file->size, file->isVideo ? 1 : 0);
+    LOG_VERBOSE("File: {}, Size: {:f}, IsVideo: {:d}", file->fileName(), file->size,
+                file->isVideo ? 1 : 0);
     LOG_VERBOSE("FFprobe response: {}", QString::fromUtf8(answer));
     // Last: once the report is out, the process may be on its way out (orvale-cli probe).
     reportDetailsLoaded(file);
@@ -89,9 +78,7 @@ void Encoder::reportDetailsLoaded(const FilePtr& file) {
         Qt::QueuedConnection);
 }
 
-QString Encoder::workFolder() {
-    return Paths::workFolder();
-}
+QString Encoder::workFolder() { return Paths::workFolder(); }
 
 void Encoder::encodeFiles(const FileList& files) {
     encodeQueue_ = files;
@@ -115,7 +102,8 @@ void Encoder::encodeFile(const FilePtr& file) {
     if (helper.isEmpty()) {
         // Nothing to run: the file ends at once, short of its duration, as a failed encode would.
         QTimer::singleShot(0, this, [this, generation = runGeneration_] {
-            if (generation == runGeneration_ && encoderTask_ == nullptr && !encodeQueue_.isEmpty()) {
+            if (generation == runGeneration_ && encoderTask_ == nullptr &&
+                !encodeQueue_.isEmpty()) {
                 finishFile();
             }
         });
@@ -130,7 +118,8 @@ void Encoder::encodeFile(const FilePtr& file) {
             onProcessEnded();
         }
     });
-    encoderTask_->start(helper, TranscodeCommand::arguments(*file, outputPath, TranscodeCommand::audioEncoderFor(helper)));
+    encoderTask_->start(helper, TranscodeCommand::arguments(
+                                    *file, outputPath, TranscodeCommand::audioEncoderFor(helper)));
 }
 
 void Encoder::onOutput() {

@@ -4,11 +4,11 @@
 #include <QObject>
 #include <QPointer>
 #include <QProcess>
-
-#include "media/ProgressParser.h"
+#include <atomic>
 
 #include "media/EncoderDelegate.h"
 #include "media/EncoderInterface.h"
+#include "media/ProgressParser.h"
 
 // Probes files with ffprobe and transcodes them with ffmpeg. Probes run on threads of their own
 // and touch nothing but the file they were given; every report reaches the delegate on the
@@ -27,6 +27,10 @@ public:
     void encodeFile(const FilePtr& file) override;
     void encodeFiles(const FileList& files) override;
     void stopEncoding() override;
+
+    // Probes still running kill their helper and report nothing, and later ones do nothing:
+    // for the owner of the probe threads, before it goes.
+    void abandonProbes() { probesAbandoned_ = true; }
 
     // The work folder encodes are written to (created by the job manager, not here).
     static QString workFolder();
@@ -57,4 +61,5 @@ private:
     ProgressParser progress_;
     double currentState_ = 0;
     quint64 runGeneration_ = 0;
+    std::atomic_bool probesAbandoned_ = false;
 };
