@@ -77,7 +77,6 @@ void DataManager::startLocalEncodeForFiles(const FileList& files, const QUrl& ou
     post(kNotificationIsLocalEncode);
     takeIdleSleepAssertion();
 
-    QDir().mkpath(Encoder::workFolder());
     localEncodeOutputDirUrl_ = QUrl::fromLocalFile(outputDirectory.toLocalFile());
     if (!QFileInfo::exists(localEncodeOutputDirUrl_.toLocalFile())) {
         QDir().mkpath(localEncodeOutputDirUrl_.toLocalFile());

@@ -1,5 +1,4 @@
 // The upload half of the job manager: upload jobs, byte progress and batch results.
-#include <QDir>
 #include <QCoreApplication>
 #include <QLocale>
 #include <QPointer>
@@ -20,8 +19,10 @@ constexpr quint64 byteTextInterval = 2500000;
 // "1.2 MB", "10 MB": decimal units, one decimal where it says something.
 QString byteText(quint64 bytes) {
     const QLocale locale;
-    QString text = locale.formattedDataSize(static_cast<qint64>(bytes), 1, QLocale::DataSizeSIFormat);
-    const QString zeroDecimal = QString(locale.decimalPoint()) + QLatin1Char('0') + QLatin1Char(' ');
+    QString text =
+        locale.formattedDataSize(static_cast<qint64>(bytes), 1, QLocale::DataSizeSIFormat);
+    const QString zeroDecimal =
+        QString(locale.decimalPoint()) + QLatin1Char('0') + QLatin1Char(' ');
     return text.replace(zeroDecimal, QStringLiteral(" "));
 }
 
@@ -34,7 +35,6 @@ void DataManager::startUploadProcessForFiles(const FileList& files, const QVaria
     isEncoding_ = false;
     isUploading_ = false;
     isLocalEncode_ = false;
-    QDir().mkpath(Encoder::workFolder());
     isUploadingToMediaLibrary_ = uploadToMediaLibrary;
     if (uploadToMediaLibrary) {
         post(kNotificationIsMediaLibraryUpload);
@@ -90,7 +90,8 @@ void DataManager::didWriteBytes(quint64 bytes) {
     } else {
         LOG_VERBOSE("{}", line.trimmed());
     }
-    if (bytesWritten_ < lastUIByteUpdate_ || bytesWritten_ - lastUIByteUpdate_ >= byteTextInterval) {
+    if (bytesWritten_ < lastUIByteUpdate_ ||
+        bytesWritten_ - lastUIByteUpdate_ >= byteTextInterval) {
         lastUIByteUpdate_ = bytesWritten_;
         updateByteTexts(bytesWritten_, totalBytesToWrite_, currentUploadPercent_);
     }

@@ -1,6 +1,5 @@
 #include "media/Encoder.h"
 
-#include <QDir>
 #include <QFileInfo>
 #include <QSet>
 #include <QTimer>
@@ -9,9 +8,10 @@
 #include "media/TranscodeCommand.h"
 #include "media/VideoProbe.h"
 #include "platform/HelperLocator.h"
+#include "platform/HelperProcess.h"
 #include "platform/Log.h"
-#include "platform/Paths.h"
 #include "platform/SystemVersion.h"
+#include "platform/WorkFolder.h"
 
 namespace {
 
@@ -27,10 +27,6 @@ void warnMissingHelperOnce(const QString& name) {
                 HelperLocator::searchedLocations(name).join(QStringLiteral(", ")));
 }
 
-QString helperName(const QString& baseName) {
-    return SystemVersion::helperName(baseName, SystemVersion::productVersion());
-}
-
 }  // namespace
 
 Encoder::Encoder(QObject* parent) : QObject(parent) {}
@@ -38,7 +34,7 @@ Encoder::Encoder(QObject* parent) : QObject(parent) {}
 Encoder::~Encoder() = default;
 
 QString Encoder::helperPath(const QString& baseName) {
-    const QString name = helperName(baseName);
+    const QString name = SystemVersion::helperName(baseName, SystemVersion::productVersion());
     const QString path = HelperLocator::locate(name);
     if (path.isEmpty()) {
         warnMissingHelperOnce(name);
@@ -78,8 +74,6 @@ void Encoder::reportDetailsLoaded(const FilePtr& file) {
         Qt::QueuedConnection);
 }
 
-QString Encoder::workFolder() { return Paths::workFolder(); }
-
 void Encoder::encodeFiles(const FileList& files) {
     encodeQueue_ = files;
     if (!encodeQueue_.isEmpty()) {
@@ -89,7 +83,7 @@ void Encoder::encodeFiles(const FileList& files) {
 
 void Encoder::encodeFile(const FilePtr& file) {
     const QString outputName = TranscodeCommand::outputName(*file);
-    const QString outputPath = QDir(workFolder()).filePath(outputName);
+    const QString outputPath = WorkFolder::current().newEncodePath(outputName);
     file->videoDetail->encodedVideoUrl = QUrl::fromLocalFile(outputPath);
     if (file->videoDetail->preserveOriginal) {
         LOG_VERBOSE("Preserving original, proxyfile {}", outputName);
@@ -99,18 +93,13 @@ void Encoder::encodeFile(const FilePtr& file) {
     LOG_VERBOSE("Encoding: {}, size: {:f}", file->fileName(), file->size);
 
     const QString helper = helperPath(QStringLiteral("ffmpeg"));
-    if (helper.isEmpty()) {
-        // Nothing to run: the file ends at once, short of its duration, as a failed encode would.
-        QTimer::singleShot(0, this, [this, generation = runGeneration_] {
-            if (generation == runGeneration_ && encoderTask_ == nullptr &&
-                !encodeQueue_.isEmpty()) {
-                finishFile();
-            }
-        });
+    if (helper.isEmpty() || outputPath.isEmpty()) {
+        failSoon();
         return;
     }
     encoderTask_ = new QProcess(this);
     encoderTask_->setProcessChannelMode(QProcess::MergedChannels);
+    HelperProcess::dieWithParent(*encoderTask_);
     connect(encoderTask_, &QProcess::readyReadStandardOutput, this, &Encoder::onOutput);
     connect(encoderTask_, &QProcess::finished, this, &Encoder::onProcessEnded);
     connect(encoderTask_, &QProcess::errorOccurred, this, [this](QProcess::ProcessError error) {
@@ -120,6 +109,15 @@ void Encoder::encodeFile(const FilePtr& file) {
     });
     encoderTask_->start(helper, TranscodeCommand::arguments(
                                     *file, outputPath, TranscodeCommand::audioEncoderFor(helper)));
+}
+
+void Encoder::failSoon() {
+    // Nothing to run: the file ends at once, short of its duration, as a failed encode would.
+    QTimer::singleShot(0, this, [this, generation = runGeneration_] {
+        if (generation == runGeneration_ && encoderTask_ == nullptr && !encodeQueue_.isEmpty()) {
+            finishFile();
+        }
+    });
 }
 
 void Encoder::onOutput() {

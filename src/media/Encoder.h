@@ -12,7 +12,8 @@
 
 // Probes files with ffprobe and transcodes them with ffmpeg. Probes run on threads of their own
 // and touch nothing but the file they were given; every report reaches the delegate on the
-// thread that owns the encoder (the main thread).
+// thread that owns the encoder (the main thread). Encodes are written into this process's
+// folder of the work folder (WorkFolder).
 class Encoder : public QObject, public EncoderInterface {
     Q_OBJECT
 
@@ -32,15 +33,12 @@ public:
     // for the owner of the probe threads, before it goes.
     void abandonProbes() { probesAbandoned_ = true; }
 
-    // The work folder encodes are written to (created by the job manager, not here).
-    static QString workFolder();
-
     bool isRunning() const { return encoderTask_ != nullptr; }
     const FileList& encodeQueue() const { return encodeQueue_; }
     double currentState() const { return currentState_; }
 
-    // Waits for stopped transcoder processes to end, killing those that take too long, so that
-    // their unfinished outputs can be removed safely.
+    // Waits for stopped transcoder processes to end, killing those that take too long. Blocks:
+    // for the end of the process only.
     void waitUntilStopped(int milliseconds = 5000);
 
     // The full path of the helper to run ("ffprobe", "ffmpeg"), or empty when it is nowhere to
@@ -49,6 +47,7 @@ public:
 
 private:
     void reportDetailsLoaded(const FilePtr& file);
+    void failSoon();
     void onOutput();
     void onProcessEnded();
     void finishFile();

@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "media/HelperAnswers.h"
+#include "platform/HelperProcess.h"
 
 namespace {
 
@@ -18,6 +19,7 @@ const QString experimentalMark = QStringLiteral(" experimental");
 QByteArray listEncoders(const QString& helperPath) {
     QProcess process;
     process.setProcessChannelMode(QProcess::MergedChannels);
+    HelperProcess::dieWithParent(process);
     process.start(helperPath, {QStringLiteral("-encoders")});
     if (!process.waitForFinished(30000)) {
         process.kill();

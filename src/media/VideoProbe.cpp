@@ -6,6 +6,7 @@
 
 #include "media/HelperAnswers.h"
 #include "model/ValidObjects.h"
+#include "platform/HelperProcess.h"
 
 namespace {
 
@@ -15,6 +16,7 @@ constexpr int abandonCheckMilliseconds = 100;
 HelperAnswers::Reply probeAcceptsShowFormatEntry(const QString& helperPath) {
     QProcess process;
     process.setProcessChannelMode(QProcess::MergedChannels);
+    HelperProcess::dieWithParent(process);
     process.start(helperPath, {QStringLiteral("-v"), QStringLiteral("quiet"),
                                QStringLiteral("-show_format_entry"), QStringLiteral("duration"),
                                QStringLiteral("-version")});
@@ -54,6 +56,7 @@ QByteArray VideoProbe::run(const QString& helperPath, const QStringList& argumen
     QProcess process;
     process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     process.setInputChannelMode(QProcess::ForwardedInputChannel);
+    HelperProcess::dieWithParent(process);
     process.start(helperPath, arguments, QIODevice::ReadOnly);
     if (!process.waitForStarted()) {
         return {};
