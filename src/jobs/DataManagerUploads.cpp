@@ -30,11 +30,8 @@ QString byteText(quint64 bytes) {
 
 void DataManager::startUploadProcessForFiles(const FileList& files, const QVariantMap& parameters,
                                              bool uploadToMediaLibrary) {
-    disableEnableIdleSleep();
     LOG_VERBOSE("startUploadProcess");
-    isEncoding_ = false;
-    isUploading_ = false;
-    isLocalEncode_ = false;
+    beginJob(false);
     isUploadingToMediaLibrary_ = uploadToMediaLibrary;
     if (uploadToMediaLibrary) {
         post(kNotificationIsMediaLibraryUpload);
@@ -133,6 +130,9 @@ void DataManager::didFinishUploadingFile(const FilePtr& file, bool success) {
 
 void DataManager::didFinishUploadingWithResult(const ErrorResponsePtr& error, bool success) {
     LOG_VERBOSE("didFinishUploadingWithSuccess: {:d}", success ? 1 : 0);
+    if (!jobRunning_) {
+        return;  // the batch of a job that was stopped or ran out of disk space
+    }
     isUploading_ = false;
     if (success) {
         if (!uploadQueue_.isEmpty()) {
@@ -142,25 +142,17 @@ void DataManager::didFinishUploadingWithResult(const ErrorResponsePtr& error, bo
         if (isEncoding_) {
             return;
         }
+        endJob();
         post(kNotificationDidChangeUploadedPercent, 100.0f);
         post(kNotificationDidFinishUploading);
-        releaseIdleSleepAssertion();
         return;
     }
-    if (isEncoding_) {
-        encoder_->stopEncoding();
-    }
-    for (const FilePtr& file : std::as_const(files_)) {
-        if (!uploadedFiles_.contains(file) && !encodeFailedFiles_.contains(file) &&
-            !uploadFailedFiles_.contains(file)) {
-            uploadFailedFiles_.append(file);
-        }
-    }
-    post(kNotificationDidFailUploading, QVariant::fromValue(error));
-    releaseIdleSleepAssertion();
+    endJobStopping(
+        false, [this, error] { post(kNotificationDidFailUploading, QVariant::fromValue(error)); });
 }
 
 void DataManager::endUploadJobAfterLastEncodeFailed() {
-    post(kNotificationDidFinishUploading);
-    releaseIdleSleepAssertion();
+    if (endJob()) {
+        post(kNotificationDidFinishUploading);
+    }
 }

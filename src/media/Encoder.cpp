@@ -195,9 +195,27 @@ void Encoder::stopEncoding() {
     encoderTask_ = nullptr;
     stoppingTasks_.append(task);
     connect(task, &QProcess::finished, task, &QObject::deleteLater);
+    connect(task, &QProcess::finished, this, &Encoder::reportStoppedIfSo, Qt::QueuedConnection);
     task->terminate();
     // ffmpeg finishes its output on SIGTERM; one that hangs is killed.
     QTimer::singleShot(5000, task, [task] { task->kill(); });
+}
+
+void Encoder::whenStopped(std::function<void()> callback) {
+    stoppedCallbacks_.append(std::move(callback));
+    QTimer::singleShot(0, this, &Encoder::reportStoppedIfSo);
+}
+
+void Encoder::reportStoppedIfSo() {
+    stoppingTasks_.removeIf([](const QPointer<QProcess>& task) {
+        return !task || task->state() == QProcess::NotRunning;
+    });
+    if (!stoppingTasks_.isEmpty()) {
+        return;
+    }
+    for (const std::function<void()>& callback : std::exchange(stoppedCallbacks_, {})) {
+        callback();
+    }
 }
 
 void Encoder::waitUntilStopped(int milliseconds) {
@@ -208,4 +226,5 @@ void Encoder::waitUntilStopped(int milliseconds) {
         }
     }
     stoppingTasks_.clear();
+    reportStoppedIfSo();
 }

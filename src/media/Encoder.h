@@ -5,6 +5,7 @@
 #include <QPointer>
 #include <QProcess>
 #include <atomic>
+#include <functional>
 
 #include "media/EncoderDelegate.h"
 #include "media/EncoderInterface.h"
@@ -37,6 +38,10 @@ public:
     const FileList& encodeQueue() const { return encodeQueue_; }
     double currentState() const { return currentState_; }
 
+    // Runs the callback on the main thread once every transcoder that was stopped has ended, so
+    // that its unfinished output can be removed: at the next turn of the event loop when none
+    // is left running.
+    void whenStopped(std::function<void()> callback);
     // Waits for stopped transcoder processes to end, killing those that take too long. Blocks:
     // for the end of the process only.
     void waitUntilStopped(int milliseconds = 5000);
@@ -52,11 +57,13 @@ private:
     void onProcessEnded();
     void finishFile();
     void detachTask();
+    void reportStoppedIfSo();
 
     EncoderDelegate* delegate_ = nullptr;
     FileList encodeQueue_;
     QProcess* encoderTask_ = nullptr;
     QList<QPointer<QProcess>> stoppingTasks_;
+    QList<std::function<void()>> stoppedCallbacks_;
     ProgressParser progress_;
     double currentState_ = 0;
     quint64 runGeneration_ = 0;

@@ -10,6 +10,7 @@
 
 #include "support/CliRun.h"
 #include "support/EventLoop.h"
+#include "support/FakeHelper.h"
 #include "support/TestMedia.h"
 
 namespace {
@@ -70,6 +71,37 @@ TEST(EncodeCommand, UsageErrorsExitWithTwo) {
     EXPECT_EQ(CliRun::run({"encode"}).exitCode, 2);
     EXPECT_EQ(CliRun::run({"encode", "--out"}).exitCode, 2);
     EXPECT_EQ(CliRun::run({"encode", "--nope", "a.mov"}).exitCode, 2);
+}
+
+TEST(EncodeCommand, AnOutputFolderThatCannotBeWrittenStopsTheJobBeforeItStarts) {
+    QTemporaryDir dir;
+    const QString folder = encodeFolderWith(dir, {"a.mov"});
+    const QString out = QDir(folder).filePath("a.mov/out");  // below a file
+    const CliRun result = CliRun::run({"encode", "--out", out, folder});
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_TRUE(result.err.contains("orvale-cli encode: Cannot write to the output folder " + out +
+                                    ": Not a directory"))
+        << result.err.toStdString();
+    EXPECT_TRUE(result.out.isEmpty());
+}
+
+TEST(EncodeCommand, AFullDiskStopsTheTranscoderBeforeItsEncodeIsRemoved) {
+    FakeHelper helper;
+    helper.install("ffmpeg",
+                   "[ \"$1\" = -encoders ] && { echo ' A....D aac  AAC'; exit 0; }\n"
+                   "for last in \"$@\"; do :; done; echo partial > \"$last\"\n"
+                   "echo 'No space left on device'; exec sleep 5");
+    CliDataHome home;
+    QProcessEnvironment environment = home.environment();
+    environment.insert("ORVALE_HELPERS_DIR", helper.folder());
+    QTemporaryDir dir;
+    const CliRun result = CliRun::run(
+        {"encode", "--out", dir.filePath("out"), encodeFolderWith(dir, {"full.mov"})}, environment);
+
+    EXPECT_EQ(result.exitCode, 3) << result.err.toStdString();
+    EXPECT_TRUE(result.err.contains("No space left on device."));
+    EXPECT_FALSE(result.err.contains("still running")) << result.err.toStdString();
+    EXPECT_TRUE(home.encodes().isEmpty());
 }
 
 namespace {
