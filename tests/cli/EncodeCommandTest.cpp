@@ -87,16 +87,12 @@ TEST(EncodeCommand, AnOutputFolderThatCannotBeWrittenStopsTheJobBeforeItStarts) 
 
 TEST(EncodeCommand, AFullDiskStopsTheTranscoderBeforeItsEncodeIsRemoved) {
     FakeHelper helper;
-    helper.install("ffmpeg",
-                   "[ \"$1\" = -encoders ] && { echo ' A....D aac  AAC'; exit 0; }\n"
-                   "for last in \"$@\"; do :; done; echo partial > \"$last\"\n"
-                   "echo 'No space left on device'; exec sleep 5");
+    helper.installFullDiskFfmpeg();
     CliDataHome home;
-    QProcessEnvironment environment = home.environment();
-    environment.insert("ORVALE_HELPERS_DIR", helper.folder());
     QTemporaryDir dir;
-    const CliRun result = CliRun::run(
-        {"encode", "--out", dir.filePath("out"), encodeFolderWith(dir, {"full.mov"})}, environment);
+    const CliRun result =
+        CliRun::run({"encode", "--out", dir.filePath("out"), encodeFolderWith(dir, {"full.mov"})},
+                    home.environment(helper.folder()));
 
     EXPECT_EQ(result.exitCode, 3) << result.err.toStdString();
     EXPECT_TRUE(result.err.contains("No space left on device."));

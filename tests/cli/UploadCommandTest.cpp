@@ -123,15 +123,11 @@ TEST_F(UploadCommand, LoginFailuresAndUsageErrorsUploadNothing) {
 
 TEST_F(UploadCommand, AFullDiskEndsTheUploadWithThreeAndNamesWhatNeverWentUp) {
     FakeHelper helper;
-    helper.install("ffmpeg",
-                   "[ \"$1\" = -encoders ] && { echo ' A....D aac  AAC'; exit 0; }\n"
-                   "for last in \"$@\"; do :; done; echo partial > \"$last\"\n"
-                   "echo 'No space left on device'; exec sleep 5");
+    helper.installFullDiskFfmpeg();
     CliDataHome home;
-    QProcessEnvironment environment = home.environment();
-    environment.insert("ORVALE_HELPERS_DIR", helper.folder());
     const QString clip = TestMedia::copyNamed(TestMedia::video(320, 180, 1), "upload full.mov");
-    const CliRun run = upload({"--json", "--folder", "103", clip}, "bob", "builder", environment);
+    const CliRun run = upload({"--json", "--folder", "103", clip}, "bob", "builder",
+                              home.environment(helper.folder()));
 
     EXPECT_EQ(run.exitCode, 3) << run.err.toStdString();
     EXPECT_EQ(run.json().object(), (QJsonObject{{"uploaded", 0}, {"failed", QJsonArray{clip}}}));

@@ -32,10 +32,14 @@ struct CliRun {
 struct CliDataHome {
     QTemporaryDir dir;
 
-    QProcessEnvironment environment(
-        QProcessEnvironment base = QProcessEnvironment::systemEnvironment()) const {
-        base.insert("XDG_DATA_HOME", dir.filePath("data"));
-        return base;
+    // With the helpers of that folder first, when one is given.
+    QProcessEnvironment environment(const QString& helpersFolder = {}) const {
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert("XDG_DATA_HOME", dir.filePath("data"));
+        if (!helpersFolder.isEmpty()) {
+            environment.insert("ORVALE_HELPERS_DIR", helpersFolder);
+        }
+        return environment;
     }
     QString workFolder() const { return dir.filePath("data/Containers/com.brightfold.Orvale"); }
     // Every encode in the work folder, whichever run made it.
