@@ -46,7 +46,7 @@ protected:
 
 }  // namespace
 
-TEST_F(IdleSleepAssertion, LocalJobWhoseVideosAllFailThenTheUploadThatRetriesIt) {
+TEST_F(IdleSleepAssertion, LocalJobWhoseVideosAllFailThenTheUploadThatRetriesItThenALocalJob) {
     const FilePtr text =
         std::make_shared<File>(QUrl::fromLocalFile(TestMedia::textFile("assert-notes.txt", "x")));
     const FilePtr video = damagedClip("assert-broken.mov");
@@ -55,17 +55,10 @@ TEST_F(IdleSleepAssertion, LocalJobWhoseVideosAllFailThenTheUploadThatRetriesIt)
     EXPECT_EQ(manager.failedFiles(), FileList{video});
 
     runJob([&] { manager.retryUploadForFailedFiles(); });
-    EXPECT_EQ(power.created, 2);
-}
-
-TEST_F(IdleSleepAssertion, UploadThenLocalJob) {
-    const FilePtr text =
-        std::make_shared<File>(QUrl::fromLocalFile(TestMedia::textFile("assert-upload.txt", "x")));
-    runJob([&] { manager.startUploadProcessForFiles({text}, {}, false); });
     runJob([&] {
-        manager.startLocalEncodeForFiles(
-            {probedFile(TestMedia::copyNamed(TestMedia::video(320, 180, 1), "assert.mov"))},
-            outputUrl());
+        const QString clip =
+            TestMedia::copyNamed(TestMedia::video(320, 180, 1, true), "assert.mov");
+        manager.startLocalEncodeForFiles({probedFile(clip)}, outputUrl());
     });
-    EXPECT_EQ(power.created, 2);
+    EXPECT_EQ(power.created, 3);
 }
