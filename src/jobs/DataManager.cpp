@@ -21,16 +21,17 @@ bool needsEncoding(const File& file) {
            !file.videoDetail->encodeSuccess;
 }
 
-// A removed encode must be made again before the file can be handed on.
+// Also the encode's folder, whether the encode is there or was moved away. One that is removed
+// must be made again before the file can be handed on.
 void removeEncodeOf(const FilePtr& file) {
-    if (!file->videoDetail) {
+    if (!file->videoDetail || file->videoDetail->encodedVideoUrl.isEmpty()) {
         return;
     }
     const QString path = file->videoDetail->encodedVideoUrl.toLocalFile();
-    if (!path.isEmpty() && QFileInfo::exists(path)) {
-        WorkFolder::removeEncode(path);
+    if (QFileInfo::exists(path)) {
         file->videoDetail->encodeSuccess = false;
     }
+    WorkFolder::removeEncode(path);
 }
 
 }  // namespace

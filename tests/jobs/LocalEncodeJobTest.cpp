@@ -8,6 +8,7 @@
 
 #include "jobs/DataManager.h"
 #include "jobs/NotificationNames.h"
+#include "platform/WorkFolder.h"
 #include "support/EventLoop.h"
 #include "support/FakePowerAssertion.h"
 #include "support/JobFiles.h"
@@ -66,6 +67,7 @@ TEST_F(LocalEncodeJob, ThreeVideosAreEncodedMovedAndTheJobCompletesOnce) {
     EXPECT_EQ(manager.uploadedFilesCount(), 3);
     EXPECT_TRUE(manager.failedFiles().isEmpty());
     EXPECT_EQ(outputNames(), (QStringList{"three-a.mp4", "three-b.mp4", "three-c.mp4"}));
+    EXPECT_TRUE(QDir(WorkFolder::current().processFolder()).isEmpty());  // nothing left behind
     EXPECT_EQ(power.created, 1);
     EXPECT_EQ(power.released, 1);
     EXPECT_EQ(power.lastName, QStringLiteral("Upload"));
