@@ -5,7 +5,7 @@
 
 #include "media/TranscodeCommand.h"
 
-int ProbePool::defaultThreadCount() { return std::clamp(2 * QThread::idealThreadCount(), 4, 16); }
+int ProbePool::defaultThreadCount() { return std::clamp(4 * QThread::idealThreadCount(), 4, 16); }
 
 ProbePool::ProbePool(Encoder& encoder, int threadCount) : encoder_(encoder) {
     pool_.setMaxThreadCount(threadCount);

@@ -16,8 +16,8 @@
 // encoder must outlive the pool.
 class ProbePool {
 public:
-    // Two per core, at least four, at most sixteen: ffprobe spends part of each run waiting for
-    // the disk, and more at once only costs memory.
+    // Four per core, at most sixteen: a probe spends much of its short life starting ffprobe
+    // and waiting for it, and more at once only cost memory.
     static int defaultThreadCount();
 
     explicit ProbePool(Encoder& encoder, int threadCount = defaultThreadCount());
