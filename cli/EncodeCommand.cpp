@@ -17,15 +17,20 @@ EncodeCommand::~EncodeCommand() = default;
 
 int EncodeCommand::parse(const QStringList& arguments) {
     QCommandLineParser parser;
-    parser.setApplicationDescription(QStringLiteral("Encodes videos to H.264 + AAC MP4 files in an output folder."));
-    const QCommandLineOption outOption(QStringLiteral("out"), QStringLiteral("Output folder (default: ~/Orvale Kesto Output)."),
-                                       QStringLiteral("DIR"));
-    const QCommandLineOption presetOption(QStringLiteral("preset"), QStringLiteral("Size to encode to, e.g. 1280x720."),
+    parser.setApplicationDescription(
+        QStringLiteral("Encodes videos to H.264 + AAC MP4 files in an output folder."));
+    const QCommandLineOption outOption(
+        QStringLiteral("out"), QStringLiteral("Output folder (default: ~/Orvale Kesto Output)."),
+        QStringLiteral("DIR"));
+    const QCommandLineOption presetOption(QStringLiteral("preset"),
+                                          QStringLiteral("Size to encode to, e.g. 1280x720."),
                                           QStringLiteral("SIZE"));
-    const QCommandLineOption jsonOption(QStringLiteral("json"), QStringLiteral("Print the result as one JSON object."));
+    const QCommandLineOption jsonOption(QStringLiteral("json"),
+                                        QStringLiteral("Print the result as one JSON object."));
     parser.addOptions({outOption, presetOption, jsonOption});
     parser.addHelpOption();
-    parser.addPositionalArgument(QStringLiteral("PATH"), QStringLiteral("Files or folders."), QStringLiteral("PATH..."));
+    parser.addPositionalArgument(QStringLiteral("PATH"), QStringLiteral("Files or folders."),
+                                 QStringLiteral("PATH..."));
     if (!parser.parse(arguments)) {
         return ConsoleOutput::usageError(QStringLiteral("encode"), parser.errorText());
     }
@@ -35,9 +40,11 @@ int EncodeCommand::parse(const QStringList& arguments) {
     }
     paths_ = parser.positionalArguments();
     if (paths_.isEmpty()) {
-        return ConsoleOutput::usageError(QStringLiteral("encode"), QStringLiteral("no paths given"));
+        return ConsoleOutput::usageError(QStringLiteral("encode"),
+                                         QStringLiteral("no paths given"));
     }
-    outputDirectory_ = parser.isSet(outOption) ? QDir(parser.value(outOption)).absolutePath() : Paths::defaultOutputFolder();
+    outputDirectory_ = parser.isSet(outOption) ? QDir(parser.value(outOption)).absolutePath()
+                                               : Paths::defaultOutputFolder();
     presetSize_ = parser.value(presetOption);
     json_ = parser.isSet(jsonOption);
     return -1;
@@ -50,17 +57,25 @@ void EncodeCommand::start() {
 void EncodeCommand::filesGathered() {
     startProgressLine(json_);
     observeJob();
-    DataManager::sharedInstance().startLocalEncodeForFiles(jobFiles_, QUrl::fromLocalFile(outputDirectory_));
+    const QString problem = DataManager::sharedInstance().startLocalEncodeForFiles(
+        jobFiles_, QUrl::fromLocalFile(outputDirectory_));
+    if (!problem.isEmpty()) {
+        ConsoleOutput::err(QStringLiteral("orvale-cli encode: %1\n").arg(problem));
+        finishWith(exitFailure);
+    }
 }
 
 void EncodeCommand::observeJob() {
     NotificationCenter& center = NotificationCenter::defaultCenter();
     center.addObserver(this, kNotificationDidChangeEncodedPercent,
                        [this](const Notification& n) { onPercent(n.object.toFloat()); });
-    center.addObserver(this, kNotificationDidOccureProblemWhileEncoding,
-                       [this](const Notification& n) { showEncodeProblem(n.object.value<FilePtr>()); });
-    center.addObserver(this, kNotificationDidRanOutOfSpaceOnDisk, [this](const Notification&) { onDiskFull(); });
-    center.addObserver(this, kNotificationDidFinishUploading, [this](const Notification&) { onJobFinished(); });
+    center.addObserver(
+        this, kNotificationDidOccureProblemWhileEncoding,
+        [this](const Notification& n) { showEncodeProblem(n.object.value<FilePtr>()); });
+    center.addObserver(this, kNotificationDidRanOutOfSpaceOnDisk,
+                       [this](const Notification&) { onDiskFull(); });
+    center.addObserver(this, kNotificationDidFinishUploading,
+                       [this](const Notification&) { onJobFinished(); });
 }
 
 QString EncodeCommand::currentFileName() const {
@@ -68,32 +83,22 @@ QString EncodeCommand::currentFileName() const {
     return queue.isEmpty() ? QString() : queue.first()->fileName();
 }
 
-void EncodeCommand::onPercent(float percent) {
-    progress_->update(percent, currentFileName());
-}
+void EncodeCommand::onPercent(float percent) { progress_->update(percent, currentFileName()); }
 
 void EncodeCommand::onDiskFull() {
     progress_->message(QStringLiteral("No space left on device."));
-    NotificationCenter::defaultCenter().removeObserver(this);
-    DataManager::sharedInstance().deleteEncodedFilesIfNecessary();
-    emit finished(exitDiskFull);
+    finishWith(exitDiskFull);
 }
 
 void EncodeCommand::interrupted() {
-    if (progress_) {
-        progress_->message(QStringLiteral("Stopping: removing unfinished encodes."));
-    }
-    NotificationCenter::defaultCenter().removeObserver(this);
-    DataManager::sharedInstance().stopEncoding();
-    DataManager::sharedInstance().deleteEncodedFilesIfNecessary();
-    emit finished(exitInterrupted);
+    stopJob(QStringLiteral("Stopping: removing unfinished encodes."));
 }
 
 void EncodeCommand::onJobFinished() {
-    NotificationCenter::defaultCenter().removeObserver(this);
     progress_->finish();
     printSummary();
-    emit finished(jobExitStatus());
+    reportFailureReasons(QStringLiteral("encode"));
+    finishWith(jobExitStatus());
 }
 
 void EncodeCommand::printSummary() {
@@ -107,10 +112,12 @@ void EncodeCommand::printSummary() {
                                  {QStringLiteral("failed"), failedPaths()},
                                  {QStringLiteral("outputs"), outputs},
                                  {QStringLiteral("outputDirectory"), outputDirectory_}};
-        ConsoleOutput::out(QString::fromUtf8(QJsonDocument(result).toJson(QJsonDocument::Indented)));
+        ConsoleOutput::out(
+            QString::fromUtf8(QJsonDocument(result).toJson(QJsonDocument::Indented)));
         return;
     }
-    QString text = QStringLiteral("Completed: %1\n").arg(manager.uploadedFilesCount()) + failedLine();
+    QString text =
+        QStringLiteral("Completed: %1\n").arg(manager.uploadedFilesCount()) + failedLine();
     text += QStringLiteral("Output folder: %1\n").arg(outputDirectory_);
     ConsoleOutput::out(text);
 }

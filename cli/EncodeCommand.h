@@ -8,8 +8,6 @@ class EncodeCommand : public JobCommand {
     Q_OBJECT
 
 public:
-    static constexpr int exitDiskFull = 3;
-
     using JobCommand::JobCommand;
     ~EncodeCommand() override;
 

@@ -6,7 +6,8 @@
 
 JobCommand::~JobCommand() = default;
 
-void JobCommand::gatherFiles(const QStringList& paths, FileIntake::Options options, const QString& command) {
+void JobCommand::gatherFiles(const QStringList& paths, FileIntake::Options options,
+                             const QString& command) {
     interrupts_ = new InterruptWatcher(this);
     connect(interrupts_, &InterruptWatcher::interrupted, this, &JobCommand::interrupted);
     intake_ = std::make_unique<FileIntake>(paths, std::move(options));
@@ -31,7 +32,9 @@ void JobCommand::startProgressLine(bool json) {
 
 void JobCommand::showEncodeProblem(const FilePtr& file) {
     progress_->message(
-        QStringLiteral("Ooops! Something went wrong while encoding video: %1. Video will be skipped.").arg(file->fileName()));
+        QStringLiteral(
+            "Ooops! Something went wrong while encoding video: %1. Video will be skipped.")
+            .arg(file->fileName()));
 }
 
 int JobCommand::jobExitStatus() const {
@@ -52,5 +55,30 @@ QString JobCommand::failedLine() {
     for (const FilePtr& file : DataManager::sharedInstance().failedFiles()) {
         names << file->fileName();
     }
-    return names.isEmpty() ? QString() : QStringLiteral("Failed: %1\n").arg(names.join(QStringLiteral(", ")));
+    return names.isEmpty() ? QString()
+                           : QStringLiteral("Failed: %1\n").arg(names.join(QStringLiteral(", ")));
+}
+
+void JobCommand::reportFailureReasons(const QString& command) {
+    for (const FilePtr& file : DataManager::sharedInstance().failedFiles()) {
+        if (!file->failureReason.isEmpty()) {
+            ConsoleOutput::err(QStringLiteral("orvale-cli %1: %2: %3\n")
+                                   .arg(command, file->fileName(), file->failureReason));
+        }
+    }
+}
+
+void JobCommand::stopJob(const QString& stopping) {
+    // Unhooked first: what the stop ends is not reported as the job's own end.
+    NotificationCenter::defaultCenter().removeObserver(this);
+    if (progress_) {
+        progress_->message(stopping);
+    }
+    DataManager::sharedInstance().stopJob([this] { emit finished(exitInterrupted); });
+}
+
+void JobCommand::finishWith(int exitStatus) {
+    NotificationCenter::defaultCenter().removeObserver(this);
+    DataManager::sharedInstance().deleteEncodedFilesIfNecessary();
+    emit finished(exitStatus);
 }

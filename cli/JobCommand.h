@@ -10,11 +10,13 @@
 class InterruptWatcher;
 
 // What the encode and upload commands share: Ctrl-C watched, the files gathered and refused as
-// the file selection screen does, a progress line, and the failed files in the summary.
+// the file selection screen does, a progress line, the failed files in the summary, and an end
+// that leaves nothing of the job in the work folder (the command has no later retry).
 class JobCommand : public Command {
     Q_OBJECT
 
 public:
+    static constexpr int exitDiskFull = 3;
     static constexpr int exitInterrupted = 130;
 
     using Command::Command;
@@ -25,8 +27,11 @@ protected:
     // command ends in failure with "orvale-cli COMMAND: nothing to COMMAND".
     void gatherFiles(const QStringList& paths, FileIntake::Options options, const QString& command);
     virtual void filesGathered() = 0;
-    // SIGINT or SIGTERM; the command stops its job and ends with exitInterrupted.
+    // SIGINT or SIGTERM; the command calls stopJob().
     virtual void interrupted() = 0;
+    // Stops the job; the command ends with exitInterrupted once the transcoder has ended and
+    // the job's encodes are gone. `stopping` is shown first.
+    void stopJob(const QString& stopping);
 
     void startProgressLine(bool json);
     // The progress screen's text for a video that could not be encoded, on the progress line.
@@ -36,6 +41,10 @@ protected:
     static QJsonArray failedPaths();
     // "Failed: a.mov, b.mov\n", or nothing when no file failed.
     static QString failedLine();
+    // Why files failed, where the job knows, one line each on standard error.
+    static void reportFailureReasons(const QString& command);
+    // Stops observing the job, removes what is left of it in the work folder, and ends.
+    void finishWith(int exitStatus);
 
     std::unique_ptr<ProgressLine> progress_;
     FileList jobFiles_;

@@ -15,10 +15,10 @@ UploadCommand::~UploadCommand() = default;
 
 int UploadCommand::parse(const QStringList& arguments) {
     QCommandLineParser parser;
-    parser.setApplicationDescription(
-        QStringLiteral("Logs in and uploads files to a project folder or the media library.\n"
-                       "Videos are encoded first unless --do-not-encode; other files go up "
-                       "as they are.\nThe password is read from $ORVALE_PASSWORD, else asked for."));
+    parser.setApplicationDescription(QStringLiteral(
+        "Logs in and uploads files to a project folder or the media library.\n"
+        "Videos are encoded first unless --do-not-encode; other files go up "
+        "as they are.\nThe password is read from $ORVALE_PASSWORD, else asked for."));
     session_.addOptions(parser);
     parameters_.addOptions(parser);
     const QCommandLineOption preserveOption(
@@ -26,9 +26,9 @@ int UploadCommand::parse(const QStringList& arguments) {
         QStringLiteral("Upload each video's untouched source next to its encode."));
     const QCommandLineOption doNotEncodeOption(QStringLiteral("do-not-encode"),
                                                QStringLiteral("Upload videos as they are."));
-    const QCommandLineOption presetOption(
-        QStringLiteral("preset"), QStringLiteral("Size to encode to, e.g. 1280x720."),
-        QStringLiteral("SIZE"));
+    const QCommandLineOption presetOption(QStringLiteral("preset"),
+                                          QStringLiteral("Size to encode to, e.g. 1280x720."),
+                                          QStringLiteral("SIZE"));
     const QCommandLineOption jsonOption(QStringLiteral("json"),
                                         QStringLiteral("Print the result as one JSON object."));
     parser.addOptions({preserveOption, doNotEncodeOption, presetOption, jsonOption});
@@ -65,7 +65,8 @@ void UploadCommand::start() {
     manager.setByteLinesToStandardOutput(false);
     sleepWatcher_ = new SleepWatcher(this);
     connect(sleepWatcher_, &SleepWatcher::willSleep, &manager, &DataManager::stopUploading);
-    gatherFiles(paths_, FileIntake::Options{true, doNotEncode_, presetSize_}, QStringLiteral("upload"));
+    gatherFiles(paths_, FileIntake::Options{true, doNotEncode_, presetSize_},
+                QStringLiteral("upload"));
 }
 
 void UploadCommand::filesGathered() {
@@ -85,8 +86,8 @@ void UploadCommand::filesGathered() {
 void UploadCommand::startUpload() {
     startProgressLine(json_);
     observeJob();
-    DataManager::sharedInstance().startUploadProcessForFiles(
-        jobFiles_, parameters_.dictionary(), parameters_.toMediaLibrary());
+    DataManager::sharedInstance().startUploadProcessForFiles(jobFiles_, parameters_.dictionary(),
+                                                             parameters_.toMediaLibrary());
 }
 
 void UploadCommand::observeJob() {
@@ -99,45 +100,37 @@ void UploadCommand::observeJob() {
         uploadedPercent_ = n.object.toDouble();
         showProgress();
     });
-    center.addObserver(this, kNotificationDidChangeUploadedBytes, [this](const Notification& n) {
-        byteText_ = n.object.toString();
-    });
-    center.addObserver(this, kNotificationDidOccureProblemWhileEncoding,
-                       [this](const Notification& n) { showEncodeProblem(n.object.value<FilePtr>()); });
+    center.addObserver(this, kNotificationDidChangeUploadedBytes,
+                       [this](const Notification& n) { byteText_ = n.object.toString(); });
+    center.addObserver(
+        this, kNotificationDidOccureProblemWhileEncoding,
+        [this](const Notification& n) { showEncodeProblem(n.object.value<FilePtr>()); });
     center.addObserver(this, kNotificationDidFailUploading, [this](const Notification& n) {
         onBatchFailed(n.object.value<ErrorResponsePtr>());
     });
     center.addObserver(this, kNotificationDidFinishUploading,
                        [this](const Notification&) { onJobFinished(); });
+    center.addObserver(this, kNotificationDidRanOutOfSpaceOnDisk, [this](const Notification&) {
+        progress_->message(QStringLiteral("No space left on device. Upload will be aborted."));
+        printSummary();
+        finishWith(exitDiskFull);
+    });
 }
 
 void UploadCommand::showProgress() {
-    QString detail = encodesAny_
-                         ? QStringLiteral("encoded %1%  ").arg(encodedPercent_, 0, 'f', 1)
-                         : QString();
+    QString detail =
+        encodesAny_ ? QStringLiteral("encoded %1%  ").arg(encodedPercent_, 0, 'f', 1) : QString();
     detail += QStringLiteral("uploaded %1").arg(byteText_);
     progress_->update(qBound(0.0, uploadedPercent_, 100.0), detail);
 }
 
 void UploadCommand::onBatchFailed(const ErrorResponsePtr& error) {
     progress_->finish();
-    DataManager::sharedInstance().deleteEncodedFilesIfNecessary();
     printSummary();
     finishWith(ServiceSession::reportFailure(error));
 }
 
-void UploadCommand::interrupted() {
-    // Unhooked first: stopping the batch reports it as failed, which is not this ending.
-    NotificationCenter::defaultCenter().removeObserver(this);
-    if (progress_) {
-        progress_->message(QStringLiteral("Stopping: cancelling the upload."));
-    }
-    DataManager& manager = DataManager::sharedInstance();
-    manager.stopUploading();
-    manager.stopEncoding();
-    manager.deleteEncodedFilesIfNecessary();
-    emit finished(exitInterrupted);
-}
+void UploadCommand::interrupted() { stopJob(QStringLiteral("Stopping: cancelling the upload.")); }
 
 void UploadCommand::onJobFinished() {
     progress_->finish();
@@ -145,18 +138,16 @@ void UploadCommand::onJobFinished() {
     finishWith(jobExitStatus());
 }
 
-void UploadCommand::finishWith(int exitStatus) {
-    NotificationCenter::defaultCenter().removeObserver(this);
-    emit finished(exitStatus);
-}
-
 void UploadCommand::printSummary() {
     DataManager& manager = DataManager::sharedInstance();
+    reportFailureReasons(QStringLiteral("upload"));
     if (json_) {
         const QJsonObject result{{QStringLiteral("uploaded"), manager.uploadedFilesCount()},
                                  {QStringLiteral("failed"), failedPaths()}};
-        ConsoleOutput::out(QString::fromUtf8(QJsonDocument(result).toJson(QJsonDocument::Indented)));
+        ConsoleOutput::out(
+            QString::fromUtf8(QJsonDocument(result).toJson(QJsonDocument::Indented)));
         return;
     }
-    ConsoleOutput::out(QStringLiteral("Uploaded: %1\n").arg(manager.uploadedFilesCount()) + failedLine());
+    ConsoleOutput::out(QStringLiteral("Uploaded: %1\n").arg(manager.uploadedFilesCount()) +
+                       failedLine());
 }

@@ -29,7 +29,6 @@ private:
     void showProgress();
     void onBatchFailed(const ErrorResponsePtr& error);
     void onJobFinished();
-    void finishWith(int exitStatus);
     void printSummary();
 
     ServiceSession session_{this};

@@ -12,6 +12,7 @@
 #include "UploadCommand.h"
 #include "platform/Log.h"
 #include "platform/Paths.h"
+#include "platform/WorkFolder.h"
 
 namespace {
 
@@ -27,7 +28,8 @@ const QString usage = QStringLiteral(
     "                                                      list part of the service's catalogue\n"
     "  upload --server ADDRESS --user NAME [--v2]\n"
     "      (--folder ID [--description TEXT] | --category ID [--credit ID=VALUE]...)\n"
-    "      [--tag TEXT]... [--preserve-original] [--do-not-encode] [--preset SIZE] [--json] PATH...\n"
+    "      [--tag TEXT]... [--preserve-original] [--do-not-encode] [--preset SIZE] [--json] "
+    "PATH...\n"
     "                                                      encode and upload files\n"
     "\n"
     "The service commands read the password from $ORVALE_PASSWORD, else ask for it.\n"
@@ -68,23 +70,31 @@ int main(int argc, char** argv) {
         return first.isEmpty() ? Command::exitUsage : Command::exitSuccess;
     }
     if (first == QStringLiteral("--version")) {
-        ConsoleOutput::out(QStringLiteral("orvale-cli %1\n").arg(QLatin1String(BuildInfo::version)));
+        ConsoleOutput::out(
+            QStringLiteral("orvale-cli %1\n").arg(QLatin1String(BuildInfo::version)));
         return Command::exitSuccess;
     }
 
     std::unique_ptr<Command> command = commandNamed(first);
     if (!command) {
-        ConsoleOutput::err(QStringLiteral("orvale-cli: unknown command '%1' (see 'orvale-cli --help')\n").arg(first));
+        ConsoleOutput::err(
+            QStringLiteral("orvale-cli: unknown command '%1' (see 'orvale-cli --help')\n")
+                .arg(first));
         return Command::exitUsage;
     }
 
-    Log::setUp({.directory = Paths::logFolder(), .consoleLevel = Log::Level::Warning, .consoleEnabled = true});
+    Log::setUp({.directory = Paths::logFolder(),
+                .consoleLevel = Log::Level::Warning,
+                .consoleEnabled = true});
     arguments.removeAt(1);
     const int early = command->parse(arguments);
     if (early >= 0) {
         return early;
     }
-    QObject::connect(command.get(), &Command::finished, &app, [](int status) { QCoreApplication::exit(status); });
+    // Encodes left behind by runs that were killed; those of runs still going stay.
+    WorkFolder::removeLeftovers();
+    QObject::connect(command.get(), &Command::finished, &app,
+                     [](int status) { QCoreApplication::exit(status); });
     QTimer::singleShot(0, command.get(), &Command::start);
     return QCoreApplication::exec();
 }

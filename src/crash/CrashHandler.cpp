@@ -29,7 +29,7 @@ struct Prepared {
     SignalSafeBuffer pendingRecordPath;
     SignalSafeBuffer pendingRecordTempPath;
     SignalSafeBuffer crashLogPrefix;  // "<directory>/<application name>_"
-    SignalSafeBuffer crashLogSuffix;  // "_<host>.crash"
+    SignalSafeBuffer crashLogSuffix;  // "_<host>.crash", or ".crash" without the host
     SignalSafeBuffer applicationName;
     SignalSafeBuffer crashLogHeader;  // the lines that are the same for every crash
 };
@@ -215,16 +215,18 @@ bool prepare(const CrashHandlerSetup& setup) {
     const std::string separator = "/";
     const std::string underscore = "_";
     const std::string crashSuffix = ".crash";
+    const bool withHost = !setup.hostName.empty();
     const std::string header = "Path:            " + setup.executablePath +
                                "\nIdentifier:      " + setup.applicationIdentifier +
                                "\nVersion:         " + setup.applicationVersion +
-                               "\nOS Version:      " + setup.systemDescription +
-                               "\nHost:            " + setup.hostName + "\n";
+                               "\nOS Version:      " + setup.systemDescription + "\n" +
+                               (withHost ? "Host:            " + setup.hostName + "\n" : "");
+    const std::string hostSuffix = withHost ? underscore + setup.hostName : std::string();
     return fill(g_prepared.pendingRecordPath, {&setup.pendingRecordPath}) &&
            fill(g_prepared.pendingRecordTempPath, {&setup.pendingRecordPath, &tempSuffix}) &&
            fill(g_prepared.crashLogPrefix,
                 {&setup.crashLogDirectory, &separator, &setup.applicationName, &underscore}) &&
-           fill(g_prepared.crashLogSuffix, {&underscore, &setup.hostName, &crashSuffix}) &&
+           fill(g_prepared.crashLogSuffix, {&hostSuffix, &crashSuffix}) &&
            fill(g_prepared.applicationName, {&setup.applicationName}) &&
            fill(g_prepared.crashLogHeader, {&header});
 }

@@ -11,7 +11,7 @@ struct CrashHandlerSetup {
     std::string applicationVersion;
     std::string executablePath;
     std::string systemDescription;  // "Linux 6.1.0-18-amd64 x86_64"
-    std::string hostName;           // the short host name, for the crash log's file name
+    std::string hostName;           // the short host name, or empty to leave it out
 };
 
 // The process-wide part of crash capture: the handlers of SIGSEGV, SIGBUS, SIGILL, SIGFPE and
@@ -19,8 +19,9 @@ struct CrashHandlerSetup {
 //
 // On a crash the signal handler writes the pending record (replacing any earlier one, through
 // a temporary file and rename) and a crash log named
-// "<application name>_<yyyy-MM-dd-HHmmss>_<host>.crash", then dies of the same signal with
-// its default action, so exit status and core dumps are what they would have been.
+// "<application name>_<yyyy-MM-dd-HHmmss>_<host>.crash" ("..._<yyyy-MM-dd-HHmmss>.crash" when
+// the host is left out), then dies of the same signal with its default action, so exit status
+// and core dumps are what they would have been.
 //
 // The handler only makes async-signal-safe calls on buffers that install() prepared. The
 // time in the crash log and its file name is UTC: converting to local time needs localtime,

@@ -1,5 +1,6 @@
 #include "crash/CrashReportLauncher.h"
 
+#include "crash/CrashReportSettings.h"
 #include "platform/Log.h"
 #include "platform/UserDefaultsManager.h"
 
@@ -12,6 +13,7 @@ CrashReportLauncher::CrashReportLauncher(QObject* parent)
 
 CrashReportLauncher::CrashReportLauncher(Parts parts, QObject* parent)
     : QObject(parent),
+      m_settings(parts.settings),
       m_center(parts.center),
       m_crashReporter(parts.crashReporter),
       m_crashReportManager(parts.crashReportManager),
@@ -30,6 +32,8 @@ void CrashReportLauncher::qvCrashReportSenderFinished() {
     if (m_crashReporter.hasPendingCrashReport()) {
         handleCrashReport();
     }
+    m_crashReporter.setIncludeHostName(
+        CrashReportSettings(m_settings).includesAnonymousSystemInformation());
     QString error;
     if (!m_crashReporter.enableCrashReporter(&error)) {
         LOG_WARNING("Warning: Could not enable crash reporter: {}", error);

@@ -44,6 +44,7 @@ public:
     PellCrashReporter& crashLogFinder() { return *m_crashLogFinder; }
 
 private:
+    QSettings& m_settings;
     NotificationCenter& m_center;
     CrashReporter& m_crashReporter;
     CrashReportManager& m_crashReportManager;

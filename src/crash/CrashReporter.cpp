@@ -50,7 +50,7 @@ CrashHandlerSetup setupFor(const CrashReporter::Options& options, const QString&
         QFile::encodeName(QFileInfo(QStringLiteral("/proc/self/exe")).symLinkTarget())
             .toStdString();
     setup.systemDescription = systemDescription();
-    setup.hostName = shortHostName();
+    setup.hostName = options.includeHostName ? shortHostName() : std::string();
     return setup;
 }
 

@@ -22,6 +22,9 @@ public:
         QString applicationName;      // first part of crash log names; "Orvale"
         QString applicationIdentifier;
         QString applicationVersion;
+        // The machine's name goes into crash logs only when the user agreed to send machine
+        // facts.
+        bool includeHostName = false;
 
         static Options defaults();
     };
@@ -46,6 +49,8 @@ public:
 
     QString pendingRecordPath() const;
     const Options& options() const { return m_options; }
+    // Takes effect at the next enableCrashReporter().
+    void setIncludeHostName(bool include) { m_options.includeHostName = include; }
 
 private:
     Options m_options;

@@ -62,18 +62,26 @@ bool PellCrashReporter::checkForNewCrashes() {
                 .toStdString());
     }
     const QDateTime lastDate = lastCrashReportDate();
+    // The oldest new log goes first: the stored date then moves on to its time, and the logs
+    // after it still count as new at the next start.
+    QString oldestPath;
+    QDateTime oldest;
     for (const QString& path : crashLogPaths()) {
         const QDateTime modified = QFileInfo(path).lastModified();
         if (!modified.isValid()) {
             LOG_VERBOSE("No modification date for {}; skipped", path);
             continue;
         }
-        if (modified > lastDate) {
-            send(path, modified, submissionURL);
-            return true;
+        if (modified > lastDate && (oldestPath.isEmpty() || modified < oldest)) {
+            oldestPath = path;
+            oldest = modified;
         }
     }
-    return false;
+    if (oldestPath.isEmpty()) {
+        return false;
+    }
+    send(oldestPath, oldest, submissionURL);
+    return true;
 }
 
 void PellCrashReporter::send(const QString& path, const QDateTime& modified,

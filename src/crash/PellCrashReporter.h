@@ -11,8 +11,8 @@
 #include "platform/ApplicationInfo.h"
 #include "platform/NotificationCenter.h"
 
-// Finds a crash log of this application that is newer than the stored date and has it sent,
-// at most one per start.
+// Finds the oldest crash log of this application that is newer than the stored date and has it
+// sent, at most one per start.
 //
 // The stored date, "PellCrashReporterLastCrashReportDate", is the first start's date until a
 // crash log has been sent; from then on it is that log's modification date. Without that step a

@@ -1,14 +1,14 @@
 #include "jobs/DataManager.h"
 
-#include <QDir>
+#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
-#include <thread>
 
 #include "jobs/NotificationNames.h"
 #include "jobs/OutputFolder.h"
 #include "platform/Log.h"
 #include "platform/LogindPowerAssertion.h"
+#include "platform/WorkFolder.h"
 
 using namespace NotificationNames;
 
@@ -16,15 +16,22 @@ namespace {
 
 const QString idleSleepAssertionName = QStringLiteral("Upload");
 
-void removeIfPresent(const QUrl& url) {
-    const QString path = url.toLocalFile();
-    if (!path.isEmpty() && QFileInfo::exists(path)) {
-        QFile::remove(path);
-    }
+bool needsEncoding(const File& file) {
+    return file.isVideo && file.videoDetail && !file.videoDetail->doNotEncode &&
+           !file.videoDetail->encodeSuccess;
 }
 
-bool needsEncoding(const File& file) {
-    return file.isVideo && file.videoDetail && !file.videoDetail->doNotEncode && !file.videoDetail->encodeSuccess;
+// Also the encode's folder, whether the encode is there or was moved away. One that is removed
+// must be made again before the file can be handed on.
+void removeEncodeOf(const FilePtr& file) {
+    if (!file->videoDetail || file->videoDetail->encodedVideoUrl.isEmpty()) {
+        return;
+    }
+    const QString path = file->videoDetail->encodedVideoUrl.toLocalFile();
+    if (QFileInfo::exists(path)) {
+        file->videoDetail->encodeSuccess = false;
+    }
+    WorkFolder::removeEncode(path);
 }
 
 }  // namespace
@@ -45,6 +52,12 @@ DataManager::DataManager(NotificationCenter& center, PowerAssertion& powerAssert
     setUpSession();
     encoder_ = std::make_unique<Encoder>();
     encoder_->setDelegate(this);
+    probePool_ = std::make_unique<ProbePool>(*encoder_);
+    if (QCoreApplication::instance() != nullptr) {
+        // The shared instance outlives the application object; its probes must not.
+        connect(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, this,
+                [this] { probePool_->stop(); });
+    }
 }
 
 DataManager::DataManager(NotificationCenter& center, PowerAssertion& powerAssertion,
@@ -52,32 +65,27 @@ DataManager::DataManager(NotificationCenter& center, PowerAssertion& powerAssert
     : DataManager(center, powerAssertion, UserDefaultsManager::sharedInstance(), parent) {}
 
 DataManager::~DataManager() {
+    probePool_.reset();
     serverManager_->setDelegate(nullptr);
     encoder_->setDelegate(nullptr);
     releaseIdleSleepAssertion();
 }
 
-void DataManager::post(QLatin1String name, const QVariant& object) {
-    center_.post(name, object);
-}
+void DataManager::post(QLatin1String name, const QVariant& object) { center_.post(name, object); }
 
-void DataManager::addVideoDetailsToFileIfNeeded(const FilePtr& file) {
-    std::thread([encoder = encoder_.get(), file] { encoder->loadVideoDetailsForFile(file); }).detach();
-}
+void DataManager::addVideoDetailsToFileIfNeeded(const FilePtr& file) { probePool_->probe(file); }
 
-void DataManager::startLocalEncodeForFiles(const FileList& files, const QUrl& outputDirectory) {
+QString DataManager::startLocalEncodeForFiles(const FileList& files, const QUrl& outputDirectory) {
     LOG_VERBOSE("startLocalEncode");
-    isEncoding_ = false;
-    isUploading_ = false;
-    isLocalEncode_ = true;
-    post(kNotificationIsLocalEncode);
-    takeIdleSleepAssertion();
-
-    QDir().mkpath(Encoder::workFolder());
-    localEncodeOutputDirUrl_ = QUrl::fromLocalFile(outputDirectory.toLocalFile());
-    if (!QFileInfo::exists(localEncodeOutputDirUrl_.toLocalFile())) {
-        QDir().mkpath(localEncodeOutputDirUrl_.toLocalFile());
+    const QString outputFolder = outputDirectory.toLocalFile();
+    const QString problem = OutputFolder::prepare(outputFolder);
+    if (!problem.isEmpty()) {
+        LOG_INFO("{}", problem);
+        return problem;
     }
+    beginJob(true);
+    post(kNotificationIsLocalEncode);
+    localEncodeOutputDirUrl_ = QUrl::fromLocalFile(outputFolder);
     resetJob(files);
 
     FileList encodeList;
@@ -85,15 +93,35 @@ void DataManager::startLocalEncodeForFiles(const FileList& files, const QUrl& ou
     if (encodeList.isEmpty()) {
         // Nothing to wait for: hand the files on now, which also completes the job.
         uploadFilesFromQueue();
-        return;
+        return {};
     }
     encoder_->encodeFiles(encodeList);
     isEncoding_ = true;
+    return {};
+}
+
+void DataManager::beginJob(bool isLocalEncode) {
+    takeIdleSleepAssertion();
+    isEncoding_ = false;
+    isUploading_ = false;
+    isLocalEncode_ = isLocalEncode;
+    jobRunning_ = true;
+}
+
+bool DataManager::endJob() {
+    if (!jobRunning_) {
+        return false;
+    }
+    jobRunning_ = false;
+    // Before the end is posted: a listener may start the next job from there.
+    releaseIdleSleepAssertion();
+    return true;
 }
 
 void DataManager::splitIntoEncodeListAndUploadQueue(const FileList& files, FileList& encodeList) {
     for (const FilePtr& file : files) {
-        totalBytesToWrite_ = static_cast<quint64>(static_cast<double>(totalBytesToWrite_) + file->size);
+        totalBytesToWrite_ =
+            static_cast<quint64>(static_cast<double>(totalBytesToWrite_) + file->size);
         if (needsEncoding(*file)) {
             encodeList.append(file);
             totalDuration_ += file->videoDetail->duration;
@@ -112,18 +140,22 @@ void DataManager::resetJob(const FileList& files) {
     currentUploadPercent_ = 0;
     uploadMultiplier_ = 1.0f;
     totalBytesToWrite_ = 0;
-    completionPosted_ = false;
     uploadQueue_.clear();
     encodeFailedFiles_.clear();
     uploadFailedFiles_.clear();
     uploadedFiles_.clear();
     movedTo_.clear();
+    for (const FilePtr& file : files) {
+        file->failureReason.clear();
+    }
 }
 
 void DataManager::accountUploadSizes() {
     quint64 sourceBytes = 0;
     quint64 bytesToSend = 0;
-    auto add = [](quint64 sum, double bytes) { return static_cast<quint64>(static_cast<double>(sum) + bytes); };
+    auto add = [](quint64 sum, double bytes) {
+        return static_cast<quint64>(static_cast<double>(sum) + bytes);
+    };
     for (const FilePtr& file : std::as_const(filesQueue_)) {
         sourceBytes = add(sourceBytes, file->size);
         if (!uploadQueue_.contains(file)) {
@@ -139,7 +171,8 @@ void DataManager::accountUploadSizes() {
             bytesToSend = add(bytesToSend, encodedSize);
         }
     }
-    uploadMultiplier_ = static_cast<float>(static_cast<double>(sourceBytes) / static_cast<double>(bytesToSend));
+    uploadMultiplier_ =
+        static_cast<float>(static_cast<double>(sourceBytes) / static_cast<double>(bytesToSend));
 }
 
 void DataManager::uploadFilesFromQueue() {
@@ -164,21 +197,29 @@ void DataManager::moveToOutputFolder(const FilePtr& file) {
     if (!file->videoDetail) {
         return;  // a pass-through file has no encode to move
     }
-    const QUrl source = file->videoDetail->encodedVideoUrl;
-    if (source.isEmpty() || !QFileInfo::exists(source.toLocalFile())) {
+    const QString source = file->videoDetail->encodedVideoUrl.toLocalFile();
+    if (source.isEmpty() || !QFileInfo::exists(source)) {
         return;
     }
-    const QString target =
-        OutputFolder::targetPath(localEncodeOutputDirUrl_.toLocalFile(), QFileInfo(source.toLocalFile()).fileName());
-    LOG_VERBOSE("moving file at [{}] to [{}]", source, QUrl::fromLocalFile(target));
-    if (QFile::rename(source.toLocalFile(), target)) {
+    const QString target = OutputFolder::targetPath(localEncodeOutputDirUrl_.toLocalFile(),
+                                                    QFileInfo(source).fileName());
+    LOG_VERBOSE("moving file at [{}] to [{}]", QUrl::fromLocalFile(source),
+                QUrl::fromLocalFile(target));
+    QFile encode(source);
+    if (encode.rename(target)) {
         movedTo_.insert(file.get(), target);
+        uploadedFiles_.append(file);
+    } else {
+        file->failureReason =
+            QStringLiteral("Cannot move the encode to %1: %2").arg(target, encode.errorString());
+        LOG_INFO("{}: {}", file->fileName(), file->failureReason);
+        uploadFailedFiles_.append(file);
     }
-    uploadedFiles_.append(file);
+    removeEncodeOf(file);
 }
 
 void DataManager::postCompletionIfLocalJobIsDone() {
-    if (!isLocalEncode_ || completionPosted_) {
+    if (!isLocalEncode_ || !jobRunning_) {
         return;
     }
     // Failed encodes stay in the queue; the job is done once nothing else waits there.
@@ -187,31 +228,66 @@ void DataManager::postCompletionIfLocalJobIsDone() {
             return;
         }
     }
-    completionPosted_ = true;
-    releaseIdleSleepAssertion();
+    endJob();
     post(kNotificationDidFinishUploading);
 }
 
 void DataManager::stopEncoding() {
     LOG_VERBOSE("stopEncoding");
     encoder_->stopEncoding();
-    if (isLocalEncode_) {
-        releaseIdleSleepAssertion();
+}
+
+void DataManager::stopJob(std::function<void()> stopped) {
+    LOG_VERBOSE("stopJob");
+    isEncoding_ = false;
+    isUploading_ = false;
+    endJobStopping(true, std::move(stopped));
+}
+
+void DataManager::endJobStopping(bool discardAll, std::function<void()> then) {
+    const FilePtr interrupted = encoder_->isRunning() ? encoder_->encodeQueue().first() : nullptr;
+    if (endJob()) {
+        serverManager_->stopUploading();  // its report finds the job over
+        encoder_->stopEncoding();
+        if (!isLocalEncode_) {
+            recordUnfinishedFilesAsFailed();
+        }
+    }
+    encoder_->whenStopped([this, interrupted, discardAll, then = std::move(then)] {
+        if (discardAll) {
+            removeEncodesOfUnfinishedFiles();
+        } else if (interrupted) {
+            removeEncodeOf(interrupted);
+        }
+        if (then) {
+            then();
+        }
+    });
+}
+
+void DataManager::recordUnfinishedFilesAsFailed() {
+    for (const FilePtr& file : std::as_const(files_)) {
+        if (!uploadedFiles_.contains(file) && !encodeFailedFiles_.contains(file) &&
+            !uploadFailedFiles_.contains(file)) {
+            uploadFailedFiles_.append(file);
+        }
+    }
+}
+
+void DataManager::removeEncodesOfUnfinishedFiles() {
+    for (const FilePtr& file : std::as_const(files_)) {
+        if (!uploadedFiles_.contains(file)) {
+            removeEncodeOf(file);
+        }
     }
 }
 
 void DataManager::deleteEncodedFilesIfNecessary() {
     encoder_->waitUntilStopped();
-    for (const FilePtr& file : std::as_const(filesQueue_)) {
-        if (file->isVideo && file->videoDetail) {
-            removeIfPresent(file->videoDetail->encodedVideoUrl);
-        }
-    }
+    removeEncodesOfUnfinishedFiles();
 }
 
-FileList DataManager::failedFiles() const {
-    return encodeFailedFiles_ + uploadFailedFiles_;
-}
+FileList DataManager::failedFiles() const { return encodeFailedFiles_ + uploadFailedFiles_; }
 
 void DataManager::didFinishLoadingDetailsForFile(const FilePtr& file) {
     post(kNotificationDidFinishLoadingDetailsForFile, QVariant::fromValue(file));
@@ -240,27 +316,35 @@ void DataManager::didFinishEncodingVideo(const FilePtr& file, bool isLastVideo) 
 
 void DataManager::didOccureProblemWhileEncodingFile(const FilePtr& file, bool isLastVideo) {
     LOG_VERBOSE("didOccureProblemWhileEncodingFile: {}", file->fileName());
-    removeIfPresent(file->videoDetail->encodedVideoUrl);
+    removeEncodeOf(file);
     encodedVideosDuration_ += file->videoDetail->duration;
     encodeFailedFiles_.append(file);
     post(kNotificationDidOccureProblemWhileEncoding, QVariant::fromValue(file));
-    if (isLastVideo) {
-        isEncoding_ = false;
-        post(kNotificationDidChangeEncodedPercent, 100.0f);
-        if (!isUploading_ && uploadQueue_.isEmpty()) {
-            if (isLocalEncode_) {
-                postCompletionIfLocalJobIsDone();
-            } else {
-                endUploadJobAfterLastEncodeFailed();
-            }
+    if (!isLastVideo) {
+        return;
+    }
+    isEncoding_ = false;
+    post(kNotificationDidChangeEncodedPercent, 100.0f);
+    if (isLocalEncode_) {
+        // Pass-through files waited for an encode to end well; none will.
+        if (uploadQueue_.isEmpty()) {
+            postCompletionIfLocalJobIsDone();
+        } else {
+            uploadFilesFromQueue();
         }
+    } else if (!isUploading_ && uploadQueue_.isEmpty()) {
+        endUploadJobAfterLastEncodeFailed();
     }
 }
 
 void DataManager::didRanOutOfSpaceOnDisk() {
+    LOG_VERBOSE("didRanOutOfSpaceOnDisk");
+    if (!jobRunning_) {
+        return;
+    }
     isEncoding_ = false;
-    post(kNotificationDidRanOutOfSpaceOnDisk);
-    releaseIdleSleepAssertion();
+    isUploading_ = false;
+    endJobStopping(false, [this] { post(kNotificationDidRanOutOfSpaceOnDisk); });
 }
 
 void DataManager::disableEnableIdleSleep() {

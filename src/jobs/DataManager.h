@@ -4,10 +4,12 @@
 #include <QObject>
 #include <QUrl>
 #include <QVariantMap>
+#include <functional>
 #include <memory>
 #include <optional>
 
 #include "media/Encoder.h"
+#include "media/ProbePool.h"
 #include "model/User.h"
 #include "platform/NotificationCenter.h"
 #include "platform/PowerAssertion.h"
@@ -18,6 +20,12 @@
 // progress, failures and the clean-up of unfinished encodes. It also holds the service session
 // and loads the service's catalogue. It tells listeners what happens through named
 // notifications. All of its state lives on the main thread.
+//
+// Every job ends exactly once: completed ("kNotificationDidFinishUploading"), failed batch
+// ("kNotificationDidFailUploading"), full disk ("kNotificationDidRanOutOfSpaceOnDisk") or
+// stopped (stopJob). The idle-sleep assertion is taken at every job start and released at
+// every job end, whatever the kind. An end that stops the transcoder is announced once it has
+// ended and its unfinished output is gone.
 class DataManager : public QObject, public EncoderDelegate, public ServerDelegate {
     Q_OBJECT
 
@@ -31,11 +39,13 @@ public:
                 QObject* parent = nullptr);
     ~DataManager() override;
 
-    // Probes the file on a thread of its own; "kNotificationDidFinishLoadingDetailsForFile"
+    // Probes the file on a thread of the probe pool; "kNotificationDidFinishLoadingDetailsForFile"
     // follows on the main thread.
     void addVideoDetailsToFileIfNeeded(const FilePtr& file);
 
-    void startLocalEncodeForFiles(const FileList& files, const QUrl& outputDirectory);
+    // Returns why the job could not start ("Cannot write to the output folder ...: ..."), or
+    // empty when it started. A job that does not start posts nothing.
+    QString startLocalEncodeForFiles(const FileList& files, const QUrl& outputDirectory);
 
     // Upload jobs (DataManagerUploads.cpp): files encode and upload at the same time.
     void startUploadProcessForFiles(const FileList& files, const QVariantMap& parameters,
@@ -44,14 +54,22 @@ public:
     void stopUploading();
     // The per-chunk byte line goes to standard output (the app) or to the log (orvale-cli,
     // whose standard output is its own).
-    void setByteLinesToStandardOutput(bool toStandardOutput) { byteLinesToStdout_ = toStandardOutput; }
+    void setByteLinesToStandardOutput(bool toStandardOutput) {
+        byteLinesToStdout_ = toStandardOutput;
+    }
     const FileList& uploadFailedFiles() const { return uploadFailedFiles_; }
     float currentUploadPercent() const { return currentUploadPercent_; }
     quint64 bytesWritten() const { return bytesWritten_; }
     const QString& uploadFsString() const { return uploadFsString_; }
     bool isUploadingToMediaLibrary() const { return isUploadingToMediaLibrary_; }
+    // Stops the transcoder and nothing else: for the end of the process. To stop a job, stopJob().
     void stopEncoding();
-    // Removes the encodes of files not yet handed on; for the end of the process.
+    // Stops the running job of either kind, which ends here: nothing more is posted for it and
+    // the assertion is released. Then, once the transcoder has ended, the encodes of the files
+    // not handed on are removed and `stopped` runs (also when no job was running).
+    void stopJob(std::function<void()> stopped = {});
+    // Waits for stopped transcoders, then removes the encodes of the job's files that were not
+    // handed on; for the end of the process, and of orvale-cli's jobs, which have no retry.
     void deleteEncodedFilesIfNecessary();
     // Flips the no-idle-sleep assertion: takes it when none is held, else releases it.
     void disableEnableIdleSleep();
@@ -68,6 +86,7 @@ public:
     bool isLocalEncode() const { return isLocalEncode_; }
     bool isEncoding() const { return isEncoding_; }
     bool isUploading() const { return isUploading_; }
+    bool isJobRunning() const { return jobRunning_; }
     bool holdsIdleSleepAssertion() const { return idleSleepAssertion_ != 0; }
     double totalDuration() const { return totalDuration_; }
     quint64 totalBytesToWrite() const { return totalBytesToWrite_; }
@@ -143,6 +162,15 @@ private:
     void accountUploadSizes();
     void moveToOutputFolder(const FilePtr& file);
     void postCompletionIfLocalJobIsDone();
+    void beginJob(bool isLocalEncode);
+    // Marks the running job's end and releases the assertion; false when no job was running.
+    bool endJob();
+    // Ends the job now (if one runs) and stops its batch and transcoder; `then` runs once the
+    // transcoder has ended and the interrupted encode (or, with discardAll, every encode not
+    // handed on) is removed.
+    void endJobStopping(bool discardAll, std::function<void()> then);
+    void recordUnfinishedFilesAsFailed();
+    void removeEncodesOfUnfinishedFiles();
     void takeIdleSleepAssertion();
     void releaseIdleSleepAssertion();
     void post(QLatin1String name, const QVariant& object = {});
@@ -152,6 +180,8 @@ private:
     UserDefaultsManager& userDefaultsManager_;
     std::unique_ptr<ServerManagerHTTP> serverManager_;
     std::unique_ptr<Encoder> encoder_;
+    // After the encoder, so that it goes first: its threads use the encoder.
+    std::unique_ptr<ProbePool> probePool_;
 
     UserPtr loggedinUser_;
     UserPtr tempUser_;
@@ -174,7 +204,7 @@ private:
     bool isUploadingToMediaLibrary_ = false;
     bool isEncoding_ = false;
     bool isUploading_ = false;
-    bool completionPosted_ = false;
+    bool jobRunning_ = false;
     QUrl localEncodeOutputDirUrl_;
     double totalDuration_ = 0;
     double encodedVideosDuration_ = 0;

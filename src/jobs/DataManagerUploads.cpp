@@ -1,5 +1,4 @@
 // The upload half of the job manager: upload jobs, byte progress and batch results.
-#include <QDir>
 #include <QCoreApplication>
 #include <QLocale>
 #include <QPointer>
@@ -20,8 +19,10 @@ constexpr quint64 byteTextInterval = 2500000;
 // "1.2 MB", "10 MB": decimal units, one decimal where it says something.
 QString byteText(quint64 bytes) {
     const QLocale locale;
-    QString text = locale.formattedDataSize(static_cast<qint64>(bytes), 1, QLocale::DataSizeSIFormat);
-    const QString zeroDecimal = QString(locale.decimalPoint()) + QLatin1Char('0') + QLatin1Char(' ');
+    QString text =
+        locale.formattedDataSize(static_cast<qint64>(bytes), 1, QLocale::DataSizeSIFormat);
+    const QString zeroDecimal =
+        QString(locale.decimalPoint()) + QLatin1Char('0') + QLatin1Char(' ');
     return text.replace(zeroDecimal, QStringLiteral(" "));
 }
 
@@ -29,12 +30,8 @@ QString byteText(quint64 bytes) {
 
 void DataManager::startUploadProcessForFiles(const FileList& files, const QVariantMap& parameters,
                                              bool uploadToMediaLibrary) {
-    disableEnableIdleSleep();
     LOG_VERBOSE("startUploadProcess");
-    isEncoding_ = false;
-    isUploading_ = false;
-    isLocalEncode_ = false;
-    QDir().mkpath(Encoder::workFolder());
+    beginJob(false);
     isUploadingToMediaLibrary_ = uploadToMediaLibrary;
     if (uploadToMediaLibrary) {
         post(kNotificationIsMediaLibraryUpload);
@@ -90,7 +87,8 @@ void DataManager::didWriteBytes(quint64 bytes) {
     } else {
         LOG_VERBOSE("{}", line.trimmed());
     }
-    if (bytesWritten_ < lastUIByteUpdate_ || bytesWritten_ - lastUIByteUpdate_ >= byteTextInterval) {
+    if (bytesWritten_ < lastUIByteUpdate_ ||
+        bytesWritten_ - lastUIByteUpdate_ >= byteTextInterval) {
         lastUIByteUpdate_ = bytesWritten_;
         updateByteTexts(bytesWritten_, totalBytesToWrite_, currentUploadPercent_);
     }
@@ -132,6 +130,9 @@ void DataManager::didFinishUploadingFile(const FilePtr& file, bool success) {
 
 void DataManager::didFinishUploadingWithResult(const ErrorResponsePtr& error, bool success) {
     LOG_VERBOSE("didFinishUploadingWithSuccess: {:d}", success ? 1 : 0);
+    if (!jobRunning_) {
+        return;  // the batch of a job that was stopped or ran out of disk space
+    }
     isUploading_ = false;
     if (success) {
         if (!uploadQueue_.isEmpty()) {
@@ -141,25 +142,17 @@ void DataManager::didFinishUploadingWithResult(const ErrorResponsePtr& error, bo
         if (isEncoding_) {
             return;
         }
+        endJob();
         post(kNotificationDidChangeUploadedPercent, 100.0f);
         post(kNotificationDidFinishUploading);
-        releaseIdleSleepAssertion();
         return;
     }
-    if (isEncoding_) {
-        encoder_->stopEncoding();
-    }
-    for (const FilePtr& file : std::as_const(files_)) {
-        if (!uploadedFiles_.contains(file) && !encodeFailedFiles_.contains(file) &&
-            !uploadFailedFiles_.contains(file)) {
-            uploadFailedFiles_.append(file);
-        }
-    }
-    post(kNotificationDidFailUploading, QVariant::fromValue(error));
-    releaseIdleSleepAssertion();
+    endJobStopping(
+        false, [this, error] { post(kNotificationDidFailUploading, QVariant::fromValue(error)); });
 }
 
 void DataManager::endUploadJobAfterLastEncodeFailed() {
-    post(kNotificationDidFinishUploading);
-    releaseIdleSleepAssertion();
+    if (endJob()) {
+        post(kNotificationDidFinishUploading);
+    }
 }

@@ -1,18 +1,17 @@
 #include "media/Encoder.h"
 
-#include <QDir>
 #include <QFileInfo>
 #include <QSet>
-#include <QThreadPool>
 #include <QTimer>
 #include <mutex>
 
 #include "media/TranscodeCommand.h"
 #include "media/VideoProbe.h"
-#include "platform/Paths.h"
 #include "platform/HelperLocator.h"
+#include "platform/HelperProcess.h"
 #include "platform/Log.h"
 #include "platform/SystemVersion.h"
+#include "platform/WorkFolder.h"
 
 namespace {
 
@@ -28,24 +27,6 @@ void warnMissingHelperOnce(const QString& name) {
                 HelperLocator::searchedLocations(name).join(QStringLiteral(", ")));
 }
 
-QString helperName(const QString& baseName) {
-    return SystemVersion::helperName(baseName, SystemVersion::productVersion());
-}
-
-// Asking ffmpeg for its encoders takes as long as a probe; done beside the first probe, the
-// answer is ready when the first encode starts.
-void findAudioEncoderAhead() {
-    static std::once_flag started;
-    std::call_once(started, [] {
-        QThreadPool::globalInstance()->start([] {
-            const QString helper = HelperLocator::locate(helperName(QStringLiteral("ffmpeg")));
-            if (!helper.isEmpty()) {
-                TranscodeCommand::audioEncoderFor(helper);
-            }
-        });
-    });
-}
-
 }  // namespace
 
 Encoder::Encoder(QObject* parent) : QObject(parent) {}
@@ -53,7 +34,7 @@ Encoder::Encoder(QObject* parent) : QObject(parent) {}
 Encoder::~Encoder() = default;
 
 QString Encoder::helperPath(const QString& baseName) {
-    const QString name = helperName(baseName);
+    const QString name = SystemVersion::helperName(baseName, SystemVersion::productVersion());
     const QString path = HelperLocator::locate(name);
     if (path.isEmpty()) {
         warnMissingHelperOnce(name);
@@ -62,15 +43,19 @@ QString Encoder::helperPath(const QString& baseName) {
 }
 
 void Encoder::loadVideoDetailsForFile(const FilePtr& file) {
-    findAudioEncoderAhead();
     QByteArray answer;
     const QString helper = helperPath(QStringLiteral("ffprobe"));
-    if (!helper.isEmpty()) {
+    if (!helper.isEmpty() && !probesAbandoned_) {
         const bool legacyOption = VideoProbe::acceptsShowFormatEntry(helper);
-        answer = VideoProbe::run(helper, VideoProbe::arguments(file->path(), legacyOption));
+        answer = VideoProbe::run(helper, VideoProbe::arguments(file->path(), legacyOption),
+                                 probesAbandoned_);
+    }
+    if (probesAbandoned_) {
+        return;
     }
     VideoProbe::applyAnswer(answer, *file);
-    LOG_VERBOSE("File: {}, Size: {:f}, IsVideo: {:d}", file->fileName(), file->size, file->isVideo ? 1 : 0);
+    LOG_VERBOSE("File: {}, Size: {:f}, IsVideo: {:d}", file->fileName(), file->size,
+                file->isVideo ? 1 : 0);
     LOG_VERBOSE("FFprobe response: {}", QString::fromUtf8(answer));
     // Last: once the report is out, the process may be on its way out (orvale-cli probe).
     reportDetailsLoaded(file);
@@ -89,10 +74,6 @@ void Encoder::reportDetailsLoaded(const FilePtr& file) {
         Qt::QueuedConnection);
 }
 
-QString Encoder::workFolder() {
-    return Paths::workFolder();
-}
-
 void Encoder::encodeFiles(const FileList& files) {
     encodeQueue_ = files;
     if (!encodeQueue_.isEmpty()) {
@@ -102,7 +83,7 @@ void Encoder::encodeFiles(const FileList& files) {
 
 void Encoder::encodeFile(const FilePtr& file) {
     const QString outputName = TranscodeCommand::outputName(*file);
-    const QString outputPath = QDir(workFolder()).filePath(outputName);
+    const QString outputPath = WorkFolder::current().newEncodePath(outputName);
     file->videoDetail->encodedVideoUrl = QUrl::fromLocalFile(outputPath);
     if (file->videoDetail->preserveOriginal) {
         LOG_VERBOSE("Preserving original, proxyfile {}", outputName);
@@ -112,17 +93,13 @@ void Encoder::encodeFile(const FilePtr& file) {
     LOG_VERBOSE("Encoding: {}, size: {:f}", file->fileName(), file->size);
 
     const QString helper = helperPath(QStringLiteral("ffmpeg"));
-    if (helper.isEmpty()) {
-        // Nothing to run: the file ends at once, short of its duration, as a failed encode would.
-        QTimer::singleShot(0, this, [this, generation = runGeneration_] {
-            if (generation == runGeneration_ && encoderTask_ == nullptr && !encodeQueue_.isEmpty()) {
-                finishFile();
-            }
-        });
+    if (helper.isEmpty() || outputPath.isEmpty()) {
+        failSoon();
         return;
     }
     encoderTask_ = new QProcess(this);
     encoderTask_->setProcessChannelMode(QProcess::MergedChannels);
+    HelperProcess::dieWithParent(*encoderTask_);
     connect(encoderTask_, &QProcess::readyReadStandardOutput, this, &Encoder::onOutput);
     connect(encoderTask_, &QProcess::finished, this, &Encoder::onProcessEnded);
     connect(encoderTask_, &QProcess::errorOccurred, this, [this](QProcess::ProcessError error) {
@@ -130,7 +107,17 @@ void Encoder::encodeFile(const FilePtr& file) {
             onProcessEnded();
         }
     });
-    encoderTask_->start(helper, TranscodeCommand::arguments(*file, outputPath, TranscodeCommand::audioEncoderFor(helper)));
+    encoderTask_->start(helper, TranscodeCommand::arguments(
+                                    *file, outputPath, TranscodeCommand::audioEncoderFor(helper)));
+}
+
+void Encoder::failSoon() {
+    // Nothing to run: the file ends at once, short of its duration, as a failed encode would.
+    QTimer::singleShot(0, this, [this, generation = runGeneration_] {
+        if (generation == runGeneration_ && encoderTask_ == nullptr && !encodeQueue_.isEmpty()) {
+            finishFile();
+        }
+    });
 }
 
 void Encoder::onOutput() {
@@ -208,9 +195,27 @@ void Encoder::stopEncoding() {
     encoderTask_ = nullptr;
     stoppingTasks_.append(task);
     connect(task, &QProcess::finished, task, &QObject::deleteLater);
+    connect(task, &QProcess::finished, this, &Encoder::reportStoppedIfSo, Qt::QueuedConnection);
     task->terminate();
     // ffmpeg finishes its output on SIGTERM; one that hangs is killed.
     QTimer::singleShot(5000, task, [task] { task->kill(); });
+}
+
+void Encoder::whenStopped(std::function<void()> callback) {
+    stoppedCallbacks_.append(std::move(callback));
+    QTimer::singleShot(0, this, &Encoder::reportStoppedIfSo);
+}
+
+void Encoder::reportStoppedIfSo() {
+    stoppingTasks_.removeIf([](const QPointer<QProcess>& task) {
+        return !task || task->state() == QProcess::NotRunning;
+    });
+    if (!stoppingTasks_.isEmpty()) {
+        return;
+    }
+    for (const std::function<void()>& callback : std::exchange(stoppedCallbacks_, {})) {
+        callback();
+    }
 }
 
 void Encoder::waitUntilStopped(int milliseconds) {
@@ -221,4 +226,5 @@ void Encoder::waitUntilStopped(int milliseconds) {
         }
     }
     stoppingTasks_.clear();
+    reportStoppedIfSo();
 }

@@ -23,13 +23,17 @@ QString buildIdentity(const QString& helperPath) {
     if (error) {
         return {};
     }
-    return QStringLiteral("%1|%2|%3").arg(helperPath).arg(size).arg(modified.time_since_epoch().count());
+    return QStringLiteral("%1|%2|%3")
+        .arg(helperPath)
+        .arg(size)
+        .arg(modified.time_since_epoch().count());
 }
 
 QString storageKey(const QString& identity, const QString& question) {
     // Paths hold slashes, which settings files read as groups.
     return QString::fromLatin1(
-        QCryptographicHash::hash((identity + QLatin1Char('|') + question).toUtf8(), QCryptographicHash::Sha1)
+        QCryptographicHash::hash((identity + QLatin1Char('|') + question).toUtf8(),
+                                 QCryptographicHash::Sha1)
             .toHex());
 }
 
@@ -38,7 +42,8 @@ QString storageKey(const QString& identity, const QString& question) {
 HelperAnswers::HelperAnswers(QString cacheFile) : cacheFile_(std::move(cacheFile)) {}
 
 HelperAnswers& HelperAnswers::shared() {
-    static HelperAnswers answers(QDir(Paths::cacheFolder()).filePath(QStringLiteral("helper-answers.ini")));
+    static HelperAnswers answers(
+        QDir(Paths::cacheFolder()).filePath(QStringLiteral("helper-answers.ini")));
     return answers;
 }
 
@@ -48,24 +53,31 @@ QString HelperAnswers::answer(const QString& helperPath, const QString& question
     std::shared_ptr<Entry> entry;
     {
         std::lock_guard<std::mutex> guard(mutex_);
-        std::shared_ptr<Entry>& slot = entries_[helperPath + QLatin1Char('\n') + question + QLatin1Char('\n') + key];
+        std::shared_ptr<Entry>& slot =
+            entries_[helperPath + QLatin1Char('\n') + question + QLatin1Char('\n') + key];
         if (!slot) {
             slot = std::make_shared<Entry>();
         }
         entry = slot;
     }
-    std::call_once(entry->asked, [&] { entry->value = settle(key, ask); });
-    return entry->value;
+    std::lock_guard<std::mutex> asking(entry->asking);
+    if (entry->settled) {
+        return entry->value;
+    }
+    const Reply reply = settle(key, ask);
+    entry->settled = reply.lasting;
+    entry->value = reply.value;
+    return reply.value;
 }
 
-QString HelperAnswers::settle(const QString& key, const Ask& ask) const {
+HelperAnswers::Reply HelperAnswers::settle(const QString& key, const Ask& ask) const {
     if (key.isEmpty()) {
-        return ask().value;
+        return ask();
     }
     QSettings cache(cacheFile_, QSettings::IniFormat);
     const QVariant kept = cache.value(key);
     if (kept.isValid()) {
-        return kept.toString();
+        return {kept.toString(), true};
     }
     const Reply reply = ask();
     if (reply.lasting) {
@@ -75,5 +87,5 @@ QString HelperAnswers::settle(const QString& key, const Ask& ask) const {
             LOG_INFO("Helper answers could not be kept in {}", cacheFile_);
         }
     }
-    return reply.value;
+    return reply;
 }

@@ -9,12 +9,13 @@
 // Facts about a helper that only a run of it tells: whether this ffprobe still takes an option,
 // which AAC encoder this ffmpeg has. A run costs as much as a probe, so each answer is kept for
 // the process and in a cache file for later runs. The helper's size and modification time are
-// part of the key: a helper replaced by another build is asked again.
+// part of the key: a helper replaced by another build is asked again. A question the helper
+// failed to answer is kept nowhere: the next caller asks again.
 class HelperAnswers {
 public:
     struct Reply {
         QString value;
-        bool lasting = true;  // false: the helper failed to answer; ask again in the next run
+        bool lasting = true;  // false: the helper failed to answer; ask again next time
     };
     using Ask = std::function<Reply()>;
 
@@ -23,17 +24,18 @@ public:
     // The answers of this process, kept in the user's cache folder.
     static HelperAnswers& shared();
 
-    // Safe from any thread. Each question is asked at most once per helper build; callers that
-    // come while it is being asked wait for its answer.
+    // Safe from any thread. Each question is answered at most once per helper build; callers
+    // that come while it is being asked wait for its answer.
     QString answer(const QString& helperPath, const QString& question, const Ask& ask);
 
 private:
     struct Entry {
-        std::once_flag asked;
+        std::mutex asking;
+        bool settled = false;
         QString value;
     };
 
-    QString settle(const QString& key, const Ask& ask) const;
+    Reply settle(const QString& key, const Ask& ask) const;
 
     QString cacheFile_;
     std::mutex mutex_;

@@ -9,14 +9,24 @@
 // scaled to the chosen width and deinterlaced.
 class TranscodeCommand {
 public:
-    // Encoder for argument 22. Builds without "libvo_aacenc" get ffmpeg's native "aac". Asked
-    // once per helper build.
-    static QString audioEncoderFor(const QString& helperPath);
-    // Whether ffmpeg's encoder list names the encoder (a pure reading of `ffmpeg -encoders`).
-    static bool encoderListHas(const QByteArray& encoderList, const QString& encoder);
+    struct AudioEncoder {
+        QString name;
+        // Builds whose native "aac" is still marked experimental take it only with
+        // "-strict experimental".
+        bool experimental = false;
+    };
+
+    // Encoder for argument 22: "libvo_aacenc" where the build has it, else ffmpeg's native
+    // "aac". Asked once per helper build; a question the helper fails to answer is asked again
+    // next time, and meanwhile "aac" goes with "-strict experimental", which every build with a
+    // native AAC encoder takes.
+    static AudioEncoder audioEncoderFor(const QString& helperPath);
+    // What `ffmpeg -encoders` says, read: its flags mark experimental encoders with an X.
+    static AudioEncoder audioEncoderInList(const QByteArray& encoderList);
 
     // "clip01.mp4", or "clip01_proxy.mp4" when the original is kept beside the encode.
     static QString outputName(const File& file);
     static QString scaleFilter(int widthToEncode);
-    static QStringList arguments(const File& file, const QString& outputPath, const QString& audioEncoder);
+    static QStringList arguments(const File& file, const QString& outputPath,
+                                 const AudioEncoder& audioEncoder);
 };

@@ -3,6 +3,7 @@
 #include <QByteArray>
 #include <QString>
 #include <QStringList>
+#include <atomic>
 
 #include "model/File.h"
 
@@ -17,8 +18,9 @@ public:
     static bool acceptsShowFormatEntry(const QString& helperPath);
 
     // Runs the helper to its end and returns everything it wrote to standard output; empty when
-    // it could not be started.
-    static QByteArray run(const QString& helperPath, const QStringList& arguments);
+    // it could not be started, or when it was abandoned (then it is killed).
+    static QByteArray run(const QString& helperPath, const QStringList& arguments,
+                          const std::atomic_bool& abandoned);
 
     // Fills isVideo and videoDetail from ffprobe's JSON answer. An empty or unreadable answer
     // makes the file a non-video and leaves its videoDetail alone.

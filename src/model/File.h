@@ -1,7 +1,7 @@
 #pragma once
 
-#include <QMetaType>
 #include <QList>
+#include <QMetaType>
 #include <QUrl>
 #include <memory>
 
@@ -25,6 +25,9 @@ public:
     double size = 0;
     bool isVideo = false;
     VideoDetailPtr videoDetail;
+    // Why the last job could not hand the file on, when it knows (a move or a read that
+    // failed); empty otherwise.
+    QString failureReason;
 
 private:
     QUrl url_;

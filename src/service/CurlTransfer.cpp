@@ -1,5 +1,6 @@
 #include "service/CurlTransfer.h"
 
+#include <QHostAddress>
 #include <algorithm>
 
 namespace {
@@ -9,6 +10,11 @@ constexpr long kConnectTimeoutSeconds = 30;
 // while about a large upload before it answers.
 constexpr long kStallTimeoutSeconds = 300;
 constexpr long kMaxRedirects = 10;
+
+bool isLoopback(const QString& host) {
+    return host.compare(QStringLiteral("localhost"), Qt::CaseInsensitive) == 0 ||
+           QHostAddress(host).isLoopback();
+}
 
 }  // namespace
 
@@ -44,6 +50,11 @@ void CurlTransfer::configureConnection() {
     curl_easy_setopt(easy_, CURLOPT_LOW_SPEED_LIMIT, 1L);
     curl_easy_setopt(easy_, CURLOPT_LOW_SPEED_TIME, kStallTimeoutSeconds);
     curl_easy_setopt(easy_, CURLOPT_ERRORBUFFER, errorBuffer_);
+    if (isLoopback(request_.url().host())) {
+        // libcurl would send even these through a proxy named in http_proxy; none can reach
+        // this machine's own services for us.
+        curl_easy_setopt(easy_, CURLOPT_PROXY, "");
+    }
 }
 
 void CurlTransfer::configureMethodAndBody() {

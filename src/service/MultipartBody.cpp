@@ -27,7 +27,8 @@ MultipartBody::MultipartBody(const QString& boundary, const QList<FormFields::Fi
                              const QList<FilePart>& files)
     : boundary_(boundary.toUtf8()) {
     for (const FormFields::Field& field : fields) {
-        const QByteArray headers = "Content-Disposition: form-data; name=\"" + field.first.toUtf8() + "\"" + crlf;
+        const QByteArray headers =
+            "Content-Disposition: form-data; name=\"" + field.first.toUtf8() + "\"" + crlf;
         addPart(headers, {field.second, {}, static_cast<quint64>(field.second.size())});
     }
     for (const FilePart& part : files) {
@@ -35,8 +36,9 @@ MultipartBody::MultipartBody(const QString& boundary, const QList<FormFields::Fi
         if (part.path.isEmpty() || !info.isFile() || !info.isReadable()) {
             continue;
         }
-        const QByteArray headers = "Content-Disposition: form-data; name=\"" + part.fieldName.toUtf8() +
-                                   "\"; filename=\"" + info.fileName().toUtf8() + "\"" + crlf +
+        const QByteArray headers = "Content-Disposition: form-data; name=\"" +
+                                   part.fieldName.toUtf8() + "\"; filename=\"" +
+                                   info.fileName().toUtf8() + "\"" + crlf +
                                    "Content-Type: " + mimeTypeFor(info.fileName()).toUtf8() + crlf;
         addPart(headers, {{}, info.absoluteFilePath(), static_cast<quint64>(info.size())});
         includedFiles_ << info.absoluteFilePath();
@@ -82,9 +84,13 @@ qint64 MultipartBody::read(char* data, qint64 maxSize) {
     while (written < maxSize && current_ < segments_.size()) {
         Segment& segment = segments_[current_];
         qint64 got = 0;
-        if (segment.path.isEmpty()) {
-            got = std::min<qint64>(maxSize - written, static_cast<qint64>(segment.length - offset_));
-            std::memcpy(data + written, segment.bytes.constData() + offset_, static_cast<size_t>(got));
+        if (segment.length == 0) {
+            // An empty file or text: nothing to read, and a read would look like a short file.
+        } else if (segment.path.isEmpty()) {
+            got =
+                std::min<qint64>(maxSize - written, static_cast<qint64>(segment.length - offset_));
+            std::memcpy(data + written, segment.bytes.constData() + offset_,
+                        static_cast<size_t>(got));
         } else {
             got = readFile(segment, data + written, maxSize - written);
             if (got < 0) {

@@ -65,7 +65,9 @@ public:
     HttpTransport& transport() { return transport_; }
 
     // Uploads: one multipart POST per file, one file at a time. Bytes, each file's answer and
-    // one batch result are reported to the delegate.
+    // one batch result are reported to the delegate. A file that cannot be read when its turn
+    // comes is not sent: it is reported as failed, with its failureReason, and the batch goes
+    // on.
     static inline const QString kNoSessionMessage =
         QStringLiteral("No one is signed in to a service; sign in and try again.");
     void uploadFilesToProjects(const FileList& files, const QVariantMap& parameters);
@@ -110,6 +112,16 @@ private:
         }
     }
 
+    // The files of the running batch; each request is made just before it is sent.
+    struct UploadBatch {
+        FileList files;
+        QVariantMap fields;
+        QUrl baseURL;
+        qsizetype sent = 0;
+    };
+
+    void sendNextFile();
+    HttpTransport::Callbacks uploadCallbacks(const FilePtr& file);
     void uploadSucceeded(const FilePtr& file, const HttpResponse& response);
     void uploadFailed(const QString& description);
     void finishBatch();
@@ -118,7 +130,9 @@ private:
     ServerDelegate* delegate_ = nullptr;
     ServiceAddresses addresses_;
     ErrorResponsePtr error_;
+    UploadBatch batch_;
     bool batchRunning_ = false;
+    quint64 batchGeneration_ = 0;
     QString authToken_;
     // Last, so that it goes first: no handler runs once the client is being torn down.
     HttpTransport transport_;

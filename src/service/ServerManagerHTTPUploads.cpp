@@ -1,12 +1,11 @@
 // The upload half of the service client: batches of multipart posts, one file at a time.
-#include <QFile>
-#include <QFileInfo>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QTimer>
 
 #include "model/ValidObjects.h"
 #include "platform/Log.h"
+#include "platform/WorkFolder.h"
 #include "service/ServerManagerHTTP.h"
 #include "service/UploadRequest.h"
 
@@ -41,44 +40,70 @@ void ServerManagerHTTP::uploadFiles(const FileList& files, const QVariantMap& fi
                                     const QUrl& baseURL) {
     error_.reset();
     httpClient_ = std::make_unique<HttpBatchQueue>(transport_);
+    batch_ = {files, fields, baseURL, 0};
     batchRunning_ = true;
-    if (!hasSession()) {
-        // Nothing to send to; the batch fails as a whole, on the next turn like any answer.
-        QTimer::singleShot(0, this, [this] {
+    // Every report comes from the event loop, as answers do, never from inside this call.
+    QTimer::singleShot(0, this, [this, generation = ++batchGeneration_] {
+        if (generation != batchGeneration_ || !batchRunning_) {
+            return;
+        }
+        if (!hasSession()) {
+            // Nothing to send to; the batch fails as a whole.
             error_ = ErrorResponse::fromMessage(kNoSessionMessage);
             batchRunning_ = false;
             if (delegate_ != nullptr) {
                 delegate_->didFinishUploadingWithResult(error_, false);
             }
-        });
-        return;
+            return;
+        }
+        sendNextFile();
+    });
+}
+
+void ServerManagerHTTP::sendNextFile() {
+    while (batchRunning_ && batch_.sent < batch_.files.size()) {
+        const FilePtr file = batch_.files.at(batch_.sent++);
+        const QList<MultipartBody::FilePart> parts = UploadRequest::fileParts(*file);
+        const QString unreadable = UploadRequest::unreadablePart(parts);
+        if (unreadable.isEmpty()) {
+            httpClient_->enqueue(UploadRequest::make(batch_.baseURL, batch_.fields, parts),
+                                 uploadCallbacks(file));
+            return;
+        }
+        LOG_VERBOSE("Not sent: {}", unreadable);
+        file->failureReason = unreadable;
+        if (delegate_ != nullptr) {
+            delegate_->didFinishUploadingFile(file, false);
+        }
     }
-    QList<HttpBatchQueue::Item> items;
-    for (const FilePtr& file : files) {
-        HttpTransport::Callbacks callbacks;
-        callbacks.uploadProgress = [this](qint64 bytes) {
-            if (delegate_ != nullptr) {
-                delegate_->didWriteBytes(static_cast<quint64>(bytes));
-            }
-        };
-        callbacks.finished = [this, file](const HttpResponse& response) {
-            if (response.isTransportFailure()) {
-                uploadFailed(response.errorText);
-            } else if (response.status < 200 || response.status > 299) {
-                uploadFailed(QStringLiteral("Expected status code in (200-299), got %1")
-                                 .arg(response.status));
-            } else {
-                uploadSucceeded(file, response);
-            }
-        };
-        items.append({UploadRequest::make(baseURL, fields, *file), callbacks});
+    if (batchRunning_) {
+        finishBatch();
     }
-    HttpBatchQueue::BatchCallbacks batch;
-    batch.progress = [](int finished, int total) {
-        LOG_VERBOSE("numberOfFinishedOperations/totalNumberOfOperations: {}/{}", finished, total);
+}
+
+HttpTransport::Callbacks ServerManagerHTTP::uploadCallbacks(const FilePtr& file) {
+    HttpTransport::Callbacks callbacks;
+    callbacks.uploadProgress = [this](qint64 bytes) {
+        if (delegate_ != nullptr) {
+            delegate_->didWriteBytes(static_cast<quint64>(bytes));
+        }
     };
-    batch.completed = [this] { finishBatch(); };
-    httpClient_->enqueueBatch(items, batch);
+    callbacks.finished = [this, file](const HttpResponse& response) {
+        if (response.isTransportFailure()) {
+            uploadFailed(response.errorText);
+            return;
+        }
+        if (response.status < 200 || response.status > 299) {
+            uploadFailed(
+                QStringLiteral("Expected status code in (200-299), got %1").arg(response.status));
+            return;
+        }
+        uploadSucceeded(file, response);
+        LOG_VERBOSE("numberOfFinishedOperations/totalNumberOfOperations: {}/{}", batch_.sent,
+                    batch_.files.size());
+        sendNextFile();
+    };
+    return callbacks;
 }
 
 void ServerManagerHTTP::uploadSucceeded(const FilePtr& file, const HttpResponse& response) {
@@ -86,10 +111,7 @@ void ServerManagerHTTP::uploadSucceeded(const FilePtr& file, const HttpResponse&
                 QString::fromUtf8(response.body));
     const bool accepted = answerSaysSuccess(response.body);
     if (accepted && file->isVideo && file->videoDetail && !file->videoDetail->doNotEncode) {
-        const QString encoded = file->videoDetail->encodedVideoUrl.toLocalFile();
-        if (!encoded.isEmpty() && QFileInfo::exists(encoded)) {
-            QFile::remove(encoded);
-        }
+        WorkFolder::removeEncode(file->videoDetail->encodedVideoUrl.toLocalFile());
     }
     if (delegate_ != nullptr) {
         delegate_->didFinishUploadingFile(file, accepted);

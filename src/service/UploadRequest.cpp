@@ -1,6 +1,8 @@
 #include "service/UploadRequest.h"
 
+#include <QFile>
 #include <QLocale>
+#include <QRegularExpression>
 #include <QSysInfo>
 
 #include "BuildInfo.h"
@@ -80,9 +82,20 @@ QList<MultipartBody::FilePart> UploadRequest::fileParts(const File& file) {
     return {{QStringLiteral("media_file"), source}};
 }
 
-HttpRequest UploadRequest::make(const QUrl& url, const QVariantMap& fields, const File& file) {
+QString UploadRequest::unreadablePart(const QList<MultipartBody::FilePart>& parts) {
+    for (const MultipartBody::FilePart& part : parts) {
+        QFile content(part.path);
+        if (!part.path.isEmpty() && !content.open(QIODevice::ReadOnly)) {
+            return QStringLiteral("Cannot read %1: %2").arg(part.path, content.errorString());
+        }
+    }
+    return {};
+}
+
+HttpRequest UploadRequest::make(const QUrl& url, const QVariantMap& fields,
+                                const QList<MultipartBody::FilePart>& parts) {
     auto body = std::make_shared<MultipartBody>(MultipartBody::makeBoundary(),
-                                                FormFields::flatten(fields), fileParts(file));
+                                                FormFields::flatten(fields), parts);
     HttpRequest request("POST", url);
     request.setHeader("Content-Type", body->contentType());
     request.setHeader("Accept-Language", acceptLanguage(QLocale::system().uiLanguages()));
@@ -92,9 +105,22 @@ HttpRequest UploadRequest::make(const QUrl& url, const QVariantMap& fields, cons
 }
 
 QByteArray UploadRequest::acceptLanguage(const QStringList& languages) {
+    static const QRegularExpression languageTag(
+        QStringLiteral("^[A-Za-z]{2,8}(-[A-Za-z0-9]{1,8})*$"));
+    QStringList tags;
+    for (const QString& language : languages) {
+        const QString tag = QString(language).replace(QLatin1Char('_'), QLatin1Char('-'));
+        const bool isLocaleName = tag.compare(QStringLiteral("POSIX"), Qt::CaseInsensitive) == 0;
+        if (languageTag.match(tag).hasMatch() && !isLocaleName && !tags.contains(tag)) {
+            tags << tag;
+        }
+    }
+    if (tags.isEmpty()) {
+        tags << QStringLiteral("en");
+    }
     QStringList parts;
-    for (qsizetype i = 0; i < std::min<qsizetype>(languages.size(), 6); ++i) {
-        parts << QString::asprintf("%s;q=%0.1g", languages.at(i).toUtf8().constData(),
+    for (qsizetype i = 0; i < std::min<qsizetype>(tags.size(), 6); ++i) {
+        parts << QString::asprintf("%s;q=%0.1g", tags.at(i).toUtf8().constData(),
                                    1.0 - 0.1 * static_cast<double>(i));
     }
     return parts.join(QStringLiteral(", ")).toUtf8();

@@ -17,10 +17,15 @@ public:
 
     // "media_file" (and "media_file_alt" when the original travels too).
     static QList<MultipartBody::FilePart> fileParts(const File& file);
+    // "Cannot read PATH: REASON" for the first part whose file cannot be opened; empty when all
+    // can. A part without a path is left out of the body, as it always was.
+    static QString unreadablePart(const QList<MultipartBody::FilePart>& parts);
 
-    static HttpRequest make(const QUrl& url, const QVariantMap& fields, const File& file);
+    static HttpRequest make(const QUrl& url, const QVariantMap& fields,
+                            const QList<MultipartBody::FilePart>& parts);
 
-    // "en-US;q=1, en;q=0.9", at most six languages.
+    // "en-US;q=1, en;q=0.9", at most six languages. Names that are no language tag ("C",
+    // "POSIX") are left out; with none left it is "en;q=1".
     static QByteArray acceptLanguage(const QStringList& languages);
     // "Orvale/1.0 (Linux 6.1.0)", in plain ASCII.
     static QByteArray userAgent();

@@ -10,6 +10,7 @@
 
 #include "support/CliRun.h"
 #include "support/EventLoop.h"
+#include "support/FakeHelper.h"
 #include "support/TestMedia.h"
 
 namespace {
@@ -35,13 +36,14 @@ QString encodeFolderWith(const QTemporaryDir& dir, const QStringList& names) {
 
 TEST(EncodeCommand, EncodesAFolderAndRefusesWhatIsNotAVideo) {
     QTemporaryDir dir;
-    const QString folder =
-        encodeFolderWith(dir, {"a.mov", "sub/b.mov", ".hidden.mov", "notes.TXT", "fake.mov.doc", "Kit.app/c.mov"});
+    const QString folder = encodeFolderWith(
+        dir, {"a.mov", "sub/b.mov", ".hidden.mov", "notes.TXT", "fake.mov.doc", "Kit.app/c.mov"});
     const QString out = dir.filePath("out");
     const CliRun result = CliRun::run({"encode", "--json", "--out", out, folder});
 
     EXPECT_EQ(result.exitCode, 1) << result.err.toStdString();
-    EXPECT_TRUE(result.err.contains("File(s) not supported: notes.txt, fake.mov.doc")) << result.err.toStdString();
+    EXPECT_TRUE(result.err.contains("File(s) not supported: notes.txt, fake.mov.doc"))
+        << result.err.toStdString();
     const QJsonObject summary = result.json().object();
     EXPECT_EQ(summary.value("completed").toInt(), 2);
     EXPECT_TRUE(summary.value("failed").toArray().isEmpty());
@@ -57,9 +59,11 @@ TEST(EncodeCommand, EncodesAFolderAndRefusesWhatIsNotAVideo) {
 TEST(EncodeCommand, APresetThatIsNotOfferedIsRefusedWithWhatIsOffered) {
     QTemporaryDir dir;
     const QString folder = encodeFolderWith(dir, {"small.mov"});
-    const CliRun result = CliRun::run({"encode", "--preset", "1920x1080", "--out", dir.filePath("out"), folder});
+    const CliRun result =
+        CliRun::run({"encode", "--preset", "1920x1080", "--out", dir.filePath("out"), folder});
     EXPECT_EQ(result.exitCode, 1);
-    EXPECT_TRUE(result.err.contains("small.mov is not offered 1920x1080; it offers 320x180")) << result.err.toStdString();
+    EXPECT_TRUE(result.err.contains("small.mov is not offered 1920x1080; it offers 320x180"))
+        << result.err.toStdString();
     EXPECT_FALSE(QFileInfo::exists(dir.filePath("out/small.mp4")));
 }
 
@@ -69,22 +73,87 @@ TEST(EncodeCommand, UsageErrorsExitWithTwo) {
     EXPECT_EQ(CliRun::run({"encode", "--nope", "a.mov"}).exitCode, 2);
 }
 
-TEST(EncodeCommand, AnInterruptStopsTheEncodeAndRemovesWhatWasUnfinished) {
+TEST(EncodeCommand, AnOutputFolderThatCannotBeWrittenStopsTheJobBeforeItStarts) {
     QTemporaryDir dir;
-    const QString clip = TestMedia::copyNamed(TestMedia::video(640, 360, 20, true), "interrupted.mov");
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert("XDG_DATA_HOME", dir.filePath("data"));
-    const QString workFile = dir.filePath("data/Containers/com.brightfold.Orvale/interrupted.mp4");
+    const QString folder = encodeFolderWith(dir, {"a.mov"});
+    const QString out = QDir(folder).filePath("a.mov/out");  // below a file
+    const CliRun result = CliRun::run({"encode", "--out", out, folder});
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_TRUE(result.err.contains("orvale-cli encode: Cannot write to the output folder " + out +
+                                    ": Not a directory"))
+        << result.err.toStdString();
+    EXPECT_TRUE(result.out.isEmpty());
+}
 
+TEST(EncodeCommand, AFullDiskStopsTheTranscoderBeforeItsEncodeIsRemoved) {
+    FakeHelper helper;
+    helper.installFullDiskFfmpeg();
+    CliDataHome home;
+    QTemporaryDir dir;
+    const CliRun result =
+        CliRun::run({"encode", "--out", dir.filePath("out"), encodeFolderWith(dir, {"full.mov"})},
+                    home.environment(helper.folder()));
+
+    EXPECT_EQ(result.exitCode, 3) << result.err.toStdString();
+    EXPECT_TRUE(result.err.contains("No space left on device."));
+    EXPECT_FALSE(result.err.contains("still running")) << result.err.toStdString();
+    EXPECT_TRUE(home.encodes().isEmpty());
+}
+
+namespace {
+
+// An encode of a 20-second clip, running until its encode shows in the work folder.
+void startLongEncode(QProcess& cli, const CliDataHome& home, const QString& out) {
+    const QString clip = TestMedia::copyNamed(TestMedia::video(640, 360, 20, true), "long run.mov");
+    cli.setProcessEnvironment(home.environment());
+    cli.start(QStringLiteral(ORVALE_CLI_PATH), {"encode", "--out", out, clip});
+    ASSERT_TRUE(waitUntil([&] { return QFileInfo(home.encodes().value(0)).size() > 0; }, 60000));
+}
+
+// The process's child of that name, or 0; by /proc/PID/stat: "pid (name) state ppid ...".
+pid_t childNamed(qint64 parent, const QByteArray& name) {
+    for (const QString& entry : QDir("/proc").entryList(QDir::Dirs)) {
+        QFile stat("/proc/" + entry + "/stat");
+        const QByteArray text = stat.open(QIODevice::ReadOnly) ? stat.readAll() : QByteArray();
+        const QList<QByteArray> rest = text.mid(text.lastIndexOf(')') + 2).split(' ');
+        if (text.contains("(" + name + ")") && rest.value(1).toLongLong() == parent) {
+            return entry.toInt();
+        }
+    }
+    return 0;
+}
+
+bool hasEnded(pid_t pid) {
+    QFile stat(QStringLiteral("/proc/%1/stat").arg(pid));
+    return !stat.open(QIODevice::ReadOnly) || stat.readAll().contains(") Z ");
+}
+
+}  // namespace
+
+TEST(EncodeCommand, AnInterruptStopsTheEncodeAndRemovesWhatWasUnfinished) {
+    CliDataHome home;
     QProcess cli;
-    cli.setProcessEnvironment(environment);
-    cli.start(QStringLiteral(ORVALE_CLI_PATH), {"encode", "--out", dir.filePath("out"), clip});
-    ASSERT_TRUE(waitUntil([&] { return QFileInfo(workFile).size() > 0; }, 60000));
+    startLongEncode(cli, home, home.dir.filePath("out"));
     ::kill(static_cast<pid_t>(cli.processId()), SIGINT);
     ASSERT_TRUE(cli.waitForFinished(30000));
 
     EXPECT_EQ(cli.exitStatus(), QProcess::NormalExit);
     EXPECT_EQ(cli.exitCode(), 130);
-    EXPECT_FALSE(QFileInfo::exists(workFile));
-    EXPECT_FALSE(QFileInfo::exists(dir.filePath("out/interrupted.mp4")));
+    EXPECT_TRUE(home.encodes().isEmpty());
+    EXPECT_FALSE(QFileInfo::exists(home.dir.filePath("out/long run.mp4")));
+}
+
+TEST(EncodeCommand, AKilledRunTakesItsTranscoderAlongAndTheNextRunClearsItsEncode) {
+    CliDataHome home;
+    QProcess cli;
+    startLongEncode(cli, home, home.dir.filePath("out"));
+    const pid_t transcoder = childNamed(cli.processId(), "ffmpeg");
+    ASSERT_NE(transcoder, 0);
+    ::kill(static_cast<pid_t>(cli.processId()), SIGKILL);
+    ASSERT_TRUE(cli.waitForFinished(30000));
+
+    EXPECT_TRUE(waitUntil([&] { return hasEnded(transcoder); }));
+    EXPECT_EQ(home.encodes().size(), 1);
+    EXPECT_EQ(CliRun::run({"probe", "--json", "/nowhere.mov"}, home.environment()).exitCode, 0);
+    EXPECT_TRUE(home.encodes().isEmpty());
 }

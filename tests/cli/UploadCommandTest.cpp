@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <signal.h>
 
 #include <QDir>
 #include <QFile>
@@ -6,18 +7,14 @@
 #include <QJsonObject>
 
 #include "support/CliRun.h"
+#include "support/EventLoop.h"
+#include "support/FakeHelper.h"
 #include "support/ServiceProcess.h"
 #include "support/TestMedia.h"
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
-
-QProcessEnvironment withPassword(const QString& password) {
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert("ORVALE_PASSWORD", password);
-    return environment;
-}
 
 QByteArray contentsOf(const QString& path) {
     QFile file(path);
@@ -38,11 +35,15 @@ protected:
         ASSERT_TRUE(service.isRunning()) << service.errorString().toStdString();
     }
 
-    CliRun upload(const QStringList& arguments, const QString& user = "bob",
-                  const QString& password = "builder") {
-        return CliRun::run(QStringList{"upload", "--server", service.host(), "--user", user} +
-                               arguments,
-                           withPassword(password), 60000);
+    CliRun upload(
+        const QStringList& arguments, const QString& user = "bob",
+        const QString& password = "builder",
+        const QProcessEnvironment& environment = QProcessEnvironment::systemEnvironment()) {
+        QProcessEnvironment withIt = environment;
+        withIt.insert("ORVALE_PASSWORD", password);
+        return CliRun::run(
+            QStringList{"upload", "--server", service.host(), "--user", user} + arguments, withIt,
+            60000);
     }
 
     ServiceProcess service;
@@ -76,12 +77,11 @@ TEST_F(UploadCommand, FilesThatPassThroughArriveByteForByteWithTheirFields) {
 
 TEST_F(UploadCommand, JsonCountsUploadsAndNamesTheFilesTheServiceRefused) {
     const QString notes = TestMedia::textFile("upload credits.txt", "credited");
-    const CliRun library = upload(
-        {"--json", "--category", "1", "--credit", "3=Jane Doe", "--credit", "12=", notes},
-        "alice", "wonder&land=1");
+    const CliRun library =
+        upload({"--json", "--category", "1", "--credit", "3=Jane Doe", "--credit", "12=", notes},
+               "alice", "wonder&land=1");
     EXPECT_EQ(library.exitCode, 0) << library.err.toStdString();
-    EXPECT_EQ(library.json().object(),
-              (QJsonObject{{"uploaded", 1}, {"failed", QJsonArray()}}));
+    EXPECT_EQ(library.json().object(), (QJsonObject{{"uploaded", 1}, {"failed", QJsonArray()}}));
     ASSERT_EQ(service.uploads().size(), 1);
     // An empty credit is not sent.
     EXPECT_EQ(fieldNames(service.uploads()[0]),
@@ -119,4 +119,48 @@ TEST_F(UploadCommand, LoginFailuresAndUsageErrorsUploadNothing) {
     }
     EXPECT_TRUE(service.uploads().isEmpty());
     EXPECT_EQ(service.requests().size(), 1);
+}
+
+TEST_F(UploadCommand, AFullDiskEndsTheUploadWithThreeAndNamesWhatNeverWentUp) {
+    FakeHelper helper;
+    helper.installFullDiskFfmpeg();
+    CliDataHome home;
+    const QString clip = TestMedia::copyNamed(TestMedia::video(320, 180, 1), "upload full.mov");
+    const CliRun run = upload({"--json", "--folder", "103", clip}, "bob", "builder",
+                              home.environment(helper.folder()));
+
+    EXPECT_EQ(run.exitCode, 3) << run.err.toStdString();
+    EXPECT_EQ(run.json().object(), (QJsonObject{{"uploaded", 0}, {"failed", QJsonArray{clip}}}));
+    EXPECT_TRUE(home.encodes().isEmpty());
+}
+
+// A failed batch, and Ctrl-C while a video is being sent: the command has no later retry.
+TEST(UploadCommandEnd, LeavesNothingOfTheJobInTheWorkFolder) {
+    struct Case {
+        QString fault;
+        bool interrupt;
+        int exitCode;
+    };
+    for (const Case& c : {Case{"put_project_file=status:500", false, 3},
+                          Case{"put_project_file=delay:20000", true, 130}}) {
+        SCOPED_TRACE(c.fault.toStdString());
+        ServiceProcess service({"--fault", c.fault});
+        CliDataHome home;
+        QProcessEnvironment environment = home.environment();
+        environment.insert("ORVALE_PASSWORD", "builder");
+        QProcess cli;
+        cli.setProcessEnvironment(environment);
+        cli.start(QStringLiteral(ORVALE_CLI_PATH),
+                  {"upload", "--server", service.host(), "--user", "bob", "--folder", "103",
+                   TestMedia::copyNamed(TestMedia::video(320, 180, 1, true), "sent.mov")});
+        if (c.interrupt) {
+            ASSERT_TRUE(waitUntil(
+                [&] { return !QDir(service.uploadDirectory()).entryList({"*.mp4"}).isEmpty(); },
+                60000));
+            ::kill(static_cast<pid_t>(cli.processId()), SIGINT);
+        }
+        ASSERT_TRUE(cli.waitForFinished(60000));
+        EXPECT_EQ(cli.exitCode(), c.exitCode) << cli.readAllStandardError().toStdString();
+        EXPECT_TRUE(home.encodes().isEmpty());
+    }
 }

@@ -43,6 +43,7 @@ protected:
         QFile file(path);
         EXPECT_TRUE(file.open(QIODevice::WriteOnly));
         file.write(text);
+        file.flush();  // a later flush would set the time anew
         EXPECT_TRUE(file.setFileTime(modified, QFileDevice::FileModificationTime));
         return path;
     }
@@ -101,33 +102,39 @@ TEST_F(CrashLogSubmission, FirstStartOnlyStoresTheDate) {
 }
 
 // Names that merely start with the application's name count too; a log in a subfolder counts
-// when its path within the crash-log folder does.
-TEST_F(CrashLogSubmission, OnlyTheFirstNewLogWithTheApplicationsNameIsSent) {
+// when its path within the crash-log folder does. The oldest new log goes first, so that moving
+// the date on to it never skips another.
+TEST_F(CrashLogSubmission, NewLogsWithTheApplicationsNameAreSentOldestFirstOnePerStart) {
     m_settings.setValue(CrashReportSettings::kLastCrashReportDateKey, kFirstStart);
-    for (const char* name : {"Orvale_one.crash", "OrvaleHelper_two.crash", "Orvale/three.crash",
-                             "Other_four.crash", "older/Orvale_five.crash"}) {
-        writeLog(QLatin1String(name), kFirstStart.addSecs(60));
+    const QList<QPair<const char*, int>> logs = {
+        {"Orvale_one.crash", 120}, {"OrvaleHelper_two.crash", 60},  {"Orvale/three.crash", 180},
+        {"Other_four.crash", 30},  {"older/Orvale_five.crash", 10}, {"Orvale_old.crash", -60}};
+    for (const auto& [name, seconds] : logs) {
+        writeLog(QLatin1String(name), kFirstStart.addSecs(seconds));
     }
-    PellCrashReporter finder(
-        m_settings, m_center,
-        {{m_dir.filePath(QStringLiteral("missing")), logFolder(), m_dir.path()},
-         ApplicationInfo::current()});
+    const PellCrashReporter::Options options{
+        {m_dir.filePath(QStringLiteral("missing")), logFolder(), m_dir.path()},
+        ApplicationInfo::current()};
+    EXPECT_EQ(PellCrashReporter(m_settings, m_center, options).crashLogDirectories(),
+              QStringList{logFolder()});
 
-    EXPECT_EQ(finder.crashLogDirectories(), QStringList{logFolder()});
-    QStringList names;
-    for (const QString& path : finder.crashLogPaths()) {
-        names << QDir(logFolder()).relativeFilePath(path);
+    QStringList sent;
+    for (int start = 1; start <= 4; ++start) {
+        PellCrashReporter finder(m_settings, m_center, options);
+        if (!finder.checkForNewCrashes()) {
+            break;
+        }
+        ASSERT_TRUE(waitUntil([&] { return m_log.count(kFinished) == start; }));
+        sent << m_service.uploads()
+                    .last()
+                    .value("files")
+                    .toArray()
+                    .at(0)
+                    .toObject()
+                    .value("filename")
+                    .toString();
     }
-    const QString first = QFileInfo(names.value(0)).fileName();
-    names.sort();
-    EXPECT_EQ(names,
-              (QStringList{"Orvale/three.crash", "OrvaleHelper_two.crash", "Orvale_one.crash"}));
-
-    ASSERT_TRUE(finder.checkForNewCrashes());
-    ASSERT_TRUE(waitUntil([this] { return m_log.count(kFinished) == 1; }));
-    const QList<QJsonObject> uploads = m_service.uploads();
-    ASSERT_EQ(uploads.size(), 1);
-    EXPECT_EQ(uploads[0].value("files").toArray().at(0).toObject().value("filename"), first);
+    EXPECT_EQ(sent, (QStringList{"OrvaleHelper_two.crash", "Orvale_one.crash", "three.crash"}));
 }
 
 class CrashLogFields : public CrashLogSubmission, public testing::WithParamInterface<bool> {};

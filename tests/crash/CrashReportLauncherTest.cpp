@@ -157,6 +157,8 @@ TEST_F(CrashReportLauncherTest, CrashOfARealChildReachesTheServiceAtTheNextStart
         << description.toStdString();
     EXPECT_EQ(pair(summary, "version"), CrashReportManager::versionOf(ApplicationInfo::current()));
     EXPECT_FALSE(m_crashReporter.hasPendingCrashReport());
+    // Capture is on again, and as the user agreed to send machine facts, its logs name the host.
+    EXPECT_TRUE(m_crashReporter.options().includeHostName);
 }
 
 TEST_F(CrashReportLauncherTest, UnparsableRecordIsPurgedWithoutASummary) {

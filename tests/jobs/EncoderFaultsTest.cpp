@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <signal.h>
 
 #include <QFileInfo>
 #include <QTemporaryDir>
@@ -20,8 +21,9 @@ namespace {
 // Answers the encoder query like a build without libvo_aacenc, then runs the given body; the
 // output path is the last argument.
 QString fakeFfmpeg(const QString& body) {
-    return QStringLiteral("if [ \"$2\" = -encoders ]; then echo ' A....D aac   AAC'; exit 0; fi\n"
-                          "for last in \"$@\"; do :; done\n%1")
+    return QStringLiteral(
+               "if [ \"$1\" = -encoders ]; then echo ' A....D aac   AAC'; exit 0; fi\n"
+               "for last in \"$@\"; do :; done\n%1")
         .arg(body);
 }
 
@@ -29,7 +31,8 @@ class EncoderFaults : public testing::Test {
 protected:
     void SetUp() override {
         // Probe with the real ffprobe before the stand-in folder takes over.
-        files = {probedFile(TestMedia::video(320, 180, 1, true)), probedFile(TestMedia::video(320, 240, 1, true))};
+        files = {probedFile(TestMedia::video(320, 180, 1, true)),
+                 probedFile(TestMedia::video(320, 240, 1, true))};
     }
     void runWith(const QString& body) {
         helper.install(QStringLiteral("ffmpeg"), fakeFfmpeg(body));
@@ -42,26 +45,57 @@ protected:
     NotificationCenter center;
     FakePowerAssertion power;
     DataManager manager{center, power};
-    NotificationLog log{center, {kNotificationDidChangeEncodedPercent, kNotificationDidOccureProblemWhileEncoding,
-                                 kNotificationDidRanOutOfSpaceOnDisk, kNotificationDidFinishUploading}};
+    NotificationLog log{
+        center,
+        {kNotificationDidChangeEncodedPercent, kNotificationDidOccureProblemWhileEncoding,
+         kNotificationDidRanOutOfSpaceOnDisk, kNotificationDidFinishUploading}};
     QTemporaryDir output;
     FileList files;
 };
 
 }  // namespace
 
-TEST_F(EncoderFaults, AFullDiskStopsTheJobWithoutCompletingIt) {
-    runWith(QStringLiteral("echo 'frame=1 time=00:00:00.20 bitrate=1k'\n"
-                           "echo '[mp4] av_interleaved_write_frame(): No space left on device'\nsleep 5"));
-    ASSERT_TRUE(waitUntil([&] { return log.count(kNotificationDidRanOutOfSpaceOnDisk) == 1; }));
-    waitUntil([] { return false; }, 300);
+TEST_F(EncoderFaults, AFullDiskEndsEitherJobOnceAfterTheTranscoderAndItsOutputAreGone) {
+    helper.install(
+        QStringLiteral("ffmpeg"),
+        fakeFfmpeg(
+            QStringLiteral("echo $$ > '%1'; echo partial > \"$last\"\n"
+                           "echo 'frame=1 time=00:00:00.20 bitrate=1k'\n"
+                           "echo '[mp4] av_interleaved_write_frame(): No space left on device'\n"
+                           "sleep 5")
+                .arg(helper.recordPath())));
+    ScopedHelpersDir fakes(helper.folder());
+    QObject observer;
+    bool stoppedAndRemovedFirst = false;
+    center.addObserver(&observer, kNotificationDidRanOutOfSpaceOnDisk, [&](const Notification&) {
+        const bool transcoderGone = ::kill(helper.recordedLines().value(0).toInt(), 0) != 0;
+        stoppedAndRemovedFirst =
+            transcoderGone &&
+            !QFileInfo::exists(files[0]->videoDetail->encodedVideoUrl.toLocalFile());
+    });
+    for (const bool upload : {false, true}) {
+        SCOPED_TRACE(upload ? "upload" : "local encode");
+        log.received.clear();
+        stoppedAndRemovedFirst = false;
+        if (upload) {
+            manager.startUploadProcessForFiles(files, {}, false);
+        } else {
+            manager.startLocalEncodeForFiles(files, QUrl::fromLocalFile(output.path()));
+        }
+        ASSERT_TRUE(waitUntil([&] { return log.count(kNotificationDidRanOutOfSpaceOnDisk) == 1; }));
+        waitUntil([] { return false; }, 300);
 
-    EXPECT_EQ(log.count(kNotificationDidFinishUploading), 0);
-    EXPECT_EQ(log.count(kNotificationDidOccureProblemWhileEncoding), 0);
-    EXPECT_FALSE(manager.isEncoding());
-    EXPECT_FALSE(manager.encoder().isRunning());
-    EXPECT_EQ(power.held, 0);
-    EXPECT_EQ(power.released, 1);
+        EXPECT_EQ(log.count(kNotificationDidRanOutOfSpaceOnDisk), 1);
+        EXPECT_EQ(log.count(kNotificationDidFinishUploading) +
+                      log.count(kNotificationDidOccureProblemWhileEncoding),
+                  0);
+        EXPECT_TRUE(stoppedAndRemovedFirst);
+        // Uploads name what never went up; a local job leaves the files it never reached alone.
+        EXPECT_EQ(manager.failedFiles(), upload ? files : FileList{});
+        EXPECT_FALSE(manager.isEncoding());
+        EXPECT_FALSE(manager.encoder().isRunning());
+        EXPECT_EQ(power.held, 0);
+    }
 }
 
 TEST_F(EncoderFaults, AHelperThatCrashesBeforeAnyProgressFailsEachFile) {
@@ -73,8 +107,9 @@ TEST_F(EncoderFaults, AHelperThatCrashesBeforeAnyProgressFailsEachFile) {
 }
 
 TEST_F(EncoderFaults, AProgressLineSplitAcrossReadsStillCounts) {
-    runWith(QStringLiteral("printf 'frame=25 fps=0.0 q=28.0 size=1kB time=00:00:0'; sleep 0.3\n"
-                           "printf '1.00 bitrate=1.0kbits/s speed=1x\\r'\necho encoded > \"$last\""));
+    runWith(
+        QStringLiteral("printf 'frame=25 fps=0.0 q=28.0 size=1kB time=00:00:0'; sleep 0.3\n"
+                       "printf '1.00 bitrate=1.0kbits/s speed=1x\\r'\necho encoded > \"$last\""));
     ASSERT_TRUE(waitUntil([&] { return log.count(kNotificationDidFinishUploading) == 1; }));
     EXPECT_EQ(log.count(kNotificationDidOccureProblemWhileEncoding), 0);
     EXPECT_EQ(manager.uploadedFilesCount(), 2);
@@ -84,8 +119,9 @@ TEST_F(EncoderFaults, AProgressLineSplitAcrossReadsStillCounts) {
 
 TEST_F(EncoderFaults, ReachingNinetyPercentOfTheDurationIsEnough) {
     // Both clips last 1000 ms: 900 ms is enough, 890 ms is not.
-    runWith(QStringLiteral("case \"$2\" in *320x180*) t=00:00:00.90;; *) t=00:00:00.89;; esac\n"
-                           "echo \"frame=1 time=$t bitrate=1k\"; echo x > \"$last\""));
+    runWith(
+        QStringLiteral("case \"$2\" in *320x180*) t=00:00:00.90;; *) t=00:00:00.89;; esac\n"
+                       "echo \"frame=1 time=$t bitrate=1k\"; echo x > \"$last\""));
     ASSERT_TRUE(waitUntil([&] { return log.count(kNotificationDidFinishUploading) == 1; }));
     EXPECT_TRUE(files[0]->videoDetail->encodeSuccess);
     EXPECT_FALSE(files[1]->videoDetail->encodeSuccess);

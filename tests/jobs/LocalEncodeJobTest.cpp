@@ -8,6 +8,7 @@
 
 #include "jobs/DataManager.h"
 #include "jobs/NotificationNames.h"
+#include "platform/WorkFolder.h"
 #include "support/EventLoop.h"
 #include "support/FakePowerAssertion.h"
 #include "support/JobFiles.h"
@@ -19,9 +20,10 @@ using namespace NotificationNames;
 
 namespace {
 
-const QStringList jobNotifications = {kNotificationIsLocalEncode, kNotificationDidChangeEncodedPercent,
-                                      kNotificationDidOccureProblemWhileEncoding, kNotificationDidRanOutOfSpaceOnDisk,
-                                      kNotificationDidFinishUploading};
+const QStringList jobNotifications = {
+    kNotificationIsLocalEncode, kNotificationDidChangeEncodedPercent,
+    kNotificationDidOccureProblemWhileEncoding, kNotificationDidRanOutOfSpaceOnDisk,
+    kNotificationDidFinishUploading};
 
 class LocalEncodeJob : public testing::Test {
 protected:
@@ -35,7 +37,9 @@ protected:
     bool runUntilDone(int timeoutMs = 60000) {
         return waitUntil([&] { return log.count(kNotificationDidFinishUploading) > 0; }, timeoutMs);
     }
-    QStringList outputNames() const { return QDir(output.path()).entryList(QDir::Files, QDir::Name); }
+    QStringList outputNames() const {
+        return QDir(output.path()).entryList(QDir::Files, QDir::Name);
+    }
 };
 
 // A clip with its own name, so encodes of different tests never share an output name.
@@ -46,7 +50,8 @@ QString clipNamed(const QString& name, int width = 320, int height = 180, double
 }  // namespace
 
 TEST_F(LocalEncodeJob, ThreeVideosAreEncodedMovedAndTheJobCompletesOnce) {
-    const FileList files = {probedFile(clipNamed("three-a.mov")), probedFile(clipNamed("three-b.mov")),
+    const FileList files = {probedFile(clipNamed("three-a.mov")),
+                            probedFile(clipNamed("three-b.mov")),
                             probedFile(clipNamed("three-c.mov"))};
     manager.startLocalEncodeForFiles(files, outputUrl());
     ASSERT_TRUE(runUntilDone());
@@ -62,6 +67,7 @@ TEST_F(LocalEncodeJob, ThreeVideosAreEncodedMovedAndTheJobCompletesOnce) {
     EXPECT_EQ(manager.uploadedFilesCount(), 3);
     EXPECT_TRUE(manager.failedFiles().isEmpty());
     EXPECT_EQ(outputNames(), (QStringList{"three-a.mp4", "three-b.mp4", "three-c.mp4"}));
+    EXPECT_TRUE(QDir(WorkFolder::current().processFolder()).isEmpty());  // nothing left behind
     EXPECT_EQ(power.created, 1);
     EXPECT_EQ(power.released, 1);
     EXPECT_EQ(power.lastName, QStringLiteral("Upload"));
@@ -69,7 +75,8 @@ TEST_F(LocalEncodeJob, ThreeVideosAreEncodedMovedAndTheJobCompletesOnce) {
 
 TEST_F(LocalEncodeJob, EncodesAreH264AndAacAtTheChosenWidthWithTheIndexFirst) {
     // 480x200 is offered 480x200, 360x150 and 240x100; take the second.
-    const FilePtr file = probedFile(TestMedia::copyNamed(TestMedia::video(480, 200, 1, true), "format-check.mov"), 1);
+    const FilePtr file = probedFile(
+        TestMedia::copyNamed(TestMedia::video(480, 200, 1, true), "format-check.mov"), 1);
     ASSERT_EQ(file->videoDetail->widthToEncode, 360);
     manager.startLocalEncodeForFiles({file}, outputUrl());
     ASSERT_TRUE(runUntilDone());
@@ -99,7 +106,9 @@ TEST_F(LocalEncodeJob, ANameAlreadyInTheOutputFolderGetsATimeStampedAlternative)
     ASSERT_EQ(names.size(), 2);
     EXPECT_TRUE(names.contains("clash.mp4"));
     const QString renamed = names.at(names.indexOf("clash.mp4") == 0 ? 1 : 0);
-    EXPECT_TRUE(QRegularExpression(R"(^clash \d\d-\d\d-\d{4} \d{1,2}\.\d\d\.\d\d (AM|PM)\.mp4$)").match(renamed).hasMatch())
+    EXPECT_TRUE(QRegularExpression(R"(^clash \d\d-\d\d-\d{4} \d{1,2}\.\d\d\.\d\d (AM|PM)\.mp4$)")
+                    .match(renamed)
+                    .hasMatch())
         << renamed.toStdString();
     QFile untouched(output.filePath("clash.mp4"));
     ASSERT_TRUE(untouched.open(QIODevice::ReadOnly));
@@ -107,20 +116,17 @@ TEST_F(LocalEncodeJob, ANameAlreadyInTheOutputFolderGetsATimeStampedAlternative)
 }
 
 TEST_F(LocalEncodeJob, ACorruptFileInTheMiddleIsReportedAndTheJobStillCompletesOnce) {
-    const FilePtr corrupt = probedFile(clipNamed("corrupt-b.mov"));
-    QFile damage(corrupt->path());
-    ASSERT_TRUE(damage.open(QIODevice::WriteOnly | QIODevice::Truncate));  // probed fine, now unreadable
-    damage.write(QByteArray(4096, 'x'));
-    damage.close();
-    const FileList files = {probedFile(clipNamed("corrupt-a.mov")), corrupt, probedFile(clipNamed("corrupt-c.mov"))};
+    const FilePtr corrupt = damagedClip("corrupt-b.mov");
+    const FileList files = {probedFile(clipNamed("corrupt-a.mov")), corrupt,
+                            probedFile(clipNamed("corrupt-c.mov"))};
 
     manager.startLocalEncodeForFiles(files, outputUrl());
     ASSERT_TRUE(runUntilDone());
     waitUntil([] { return false; }, 200);
-    QFile::remove(corrupt->path());  // the cached copy is spoilt
 
     EXPECT_EQ(log.count(kNotificationDidOccureProblemWhileEncoding), 1);
-    EXPECT_EQ(log.received.at(log.names().indexOf(kNotificationDidOccureProblemWhileEncoding)).object.value<FilePtr>(),
+    EXPECT_EQ(log.received.at(log.names().indexOf(kNotificationDidOccureProblemWhileEncoding))
+                  .object.value<FilePtr>(),
               corrupt);
     EXPECT_EQ(log.count(kNotificationDidFinishUploading), 1);
     EXPECT_EQ(manager.failedFiles(), FileList{corrupt});
@@ -138,7 +144,8 @@ TEST_F(LocalEncodeJob, FilesThatNeedNoEncodingCompleteTheJobAtOnce) {
 
     manager.startLocalEncodeForFiles({text, doNotEncode, alreadyEncoded}, outputUrl());
 
-    EXPECT_EQ(log.names(), (QStringList{kNotificationIsLocalEncode, kNotificationDidFinishUploading}));
+    EXPECT_EQ(log.names(),
+              (QStringList{kNotificationIsLocalEncode, kNotificationDidFinishUploading}));
     EXPECT_EQ(manager.totalDuration(), 0);
     EXPECT_FALSE(manager.isEncoding());
     EXPECT_TRUE(outputNames().isEmpty());
@@ -146,20 +153,43 @@ TEST_F(LocalEncodeJob, FilesThatNeedNoEncodingCompleteTheJobAtOnce) {
     EXPECT_EQ(power.held, 0);
 }
 
-TEST_F(LocalEncodeJob, StoppingMidFileReportsNothingMoreAndCleanUpRemovesThePartialEncode) {
-    const FilePtr file = probedFile(TestMedia::copyNamed(TestMedia::video(640, 360, 20, true), "long.mov"));
+TEST_F(LocalEncodeJob, StoppingEndsTheJobOnceAndLeavesNothingOfTheStoppedFile) {
+    const FilePtr file =
+        probedFile(TestMedia::copyNamed(TestMedia::video(640, 360, 20, true), "long.mov"));
     manager.startLocalEncodeForFiles({file}, outputUrl());
     ASSERT_TRUE(waitUntil([&] { return !log.percents().isEmpty(); }, 30000));
-    manager.stopEncoding();
-    const int before = static_cast<int>(log.received.size());
-    manager.deleteEncodedFilesIfNecessary();
-    waitUntil([] { return false; }, 500);
-
-    EXPECT_EQ(log.received.size(), before);
-    EXPECT_FALSE(QFileInfo::exists(file->videoDetail->encodedVideoUrl.toLocalFile()));
-    EXPECT_FALSE(file->videoDetail->encodeSuccess);
+    const QString partial = file->videoDetail->encodedVideoUrl.toLocalFile();
+    ASSERT_TRUE(QFileInfo::exists(partial));
+    const qsizetype before = log.received.size();
+    int stopped = 0;
+    manager.stopJob([&] { ++stopped; });
     EXPECT_EQ(power.held, 0);
-    EXPECT_EQ(power.released, 1);
+    ASSERT_TRUE(waitUntil([&] { return stopped > 0; }));
+    waitUntil([] { return false; }, 300);
+
+    EXPECT_EQ(stopped, 1);
+    EXPECT_EQ(log.received.size(), before);
+    EXPECT_FALSE(QFileInfo::exists(partial));
+    EXPECT_TRUE(outputNames().isEmpty());
+    // The next job takes the assertion again.
+    manager.startLocalEncodeForFiles({probedFile(TestMedia::textFile("after-stop.txt", "x"))},
+                                     outputUrl());
+    EXPECT_EQ(power.created, 2);
+    EXPECT_EQ(power.held, 0);
+}
+
+TEST_F(LocalEncodeJob, AMoveThatFailsMakesAFailedFileWithItsReasonAndLeavesNoEncode) {
+    const FilePtr file = probedFile(clipNamed("moved-nowhere.mov"));
+    manager.startLocalEncodeForFiles({file}, outputUrl());
+    ASSERT_TRUE(output.remove());  // the folder goes while the file encodes
+    ASSERT_TRUE(runUntilDone());
+
+    EXPECT_EQ(manager.failedFiles(), FileList{file});
+    EXPECT_EQ(manager.uploadedFilesCount(), 0);
+    EXPECT_TRUE(file->failureReason.startsWith("Cannot move the encode to " + output.path()))
+        << file->failureReason.toStdString();
+    EXPECT_FALSE(QFileInfo::exists(file->videoDetail->encodedVideoUrl.toLocalFile()));
+    EXPECT_EQ(power.held, 0);
 }
 
 TEST_F(LocalEncodeJob, ASecondJobStartsFromZero) {

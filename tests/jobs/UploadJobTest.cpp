@@ -19,9 +19,10 @@ using namespace NotificationNames;
 
 namespace {
 
-const QStringList uploadNotifications = {kNotificationDidChangeEncodedPercent, kNotificationDidChangeUploadedBytes,
-                                         kNotificationDidChangeUploadedPercent, kNotificationDidFinishUploading,
-                                         kNotificationDidFailUploading, kNotificationDidFinishLoggingIn};
+const QStringList uploadNotifications = {
+    kNotificationDidChangeEncodedPercent,  kNotificationDidChangeUploadedBytes,
+    kNotificationDidChangeUploadedPercent, kNotificationDidFinishUploading,
+    kNotificationDidFailUploading,         kNotificationDidFinishLoggingIn};
 
 class UploadJob : public testing::Test {
 protected:
@@ -37,9 +38,13 @@ protected:
         return std::make_shared<File>(QUrl::fromLocalFile(TestMedia::textFile(name, content)));
     }
     bool waitForEnd() {
-        return waitUntil([&] {
-            return log.count(kNotificationDidFinishUploading) + log.count(kNotificationDidFailUploading) > 0;
-        }, 60000);
+        return waitUntil(
+            [&] {
+                return log.count(kNotificationDidFinishUploading) +
+                           log.count(kNotificationDidFailUploading) >
+                       0;
+            },
+            60000);
     }
     QString failureMessage() const {
         for (const Notification& n : log.received) {
@@ -62,7 +67,8 @@ protected:
     DataManager manager{center, power, settings};
     NotificationLog log{center, uploadNotifications};
     std::unique_ptr<ServiceProcess> service;
-    const QVariantMap toFolder{{"folder", 103}, {"description", "trip"}, {"tags", QStringList{"sea", "sky"}}};
+    const QVariantMap toFolder{
+        {"folder", 103}, {"description", "trip"}, {"tags", QStringList{"sea", "sky"}}};
 };
 
 }  // namespace
@@ -70,7 +76,8 @@ protected:
 TEST_F(UploadJob, EncodedAndPassThroughFilesReachTheServiceByteForByte) {
     start();
     const FilePtr text = passThrough("upload-notes.nfo", QByteArray(100000, 'n'));
-    const FilePtr video = probedFile(TestMedia::copyNamed(TestMedia::video(320, 180, 1, true), "upload-video.mov"));
+    const FilePtr video =
+        probedFile(TestMedia::copyNamed(TestMedia::video(320, 180, 1, true), "upload-video.mov"));
     manager.startUploadProcessForFiles({video, text}, toFolder, false);
     ASSERT_TRUE(waitForEnd());
 
@@ -88,7 +95,8 @@ TEST_F(UploadJob, EncodedAndPassThroughFilesReachTheServiceByteForByte) {
     for (const QJsonObject& upload : uploads) {
         EXPECT_TRUE(upload.value("framing_ok").toBool());
         EXPECT_TRUE(upload.value("length_ok").toBool());
-        EXPECT_TRUE(upload.value("problems").toArray().isEmpty()) << QJsonDocument(upload).toJson().toStdString();
+        EXPECT_TRUE(upload.value("problems").toArray().isEmpty())
+            << QJsonDocument(upload).toJson().toStdString();
     }
     // The pass-through file went first, at once, while the video was encoding.
     const QJsonObject first = uploads.first().value("files").toArray().first().toObject();
@@ -99,9 +107,45 @@ TEST_F(UploadJob, EncodedAndPassThroughFilesReachTheServiceByteForByte) {
     EXPECT_EQ(second.value("size").toDouble(), video->videoDetail->encodedSize);
 }
 
+TEST_F(UploadJob, EmptyFilesGoUpAndAFileGoneBeforeItsTurnFailsAloneWithItsReason) {
+    start();
+    const FileList files = {passThrough("empty.txt", ""), passThrough("gone.txt", "gone"),
+                            passThrough("kept.txt", "k")};
+    manager.startUploadProcessForFiles(files, toFolder, false);
+    QFile::remove(files[1]->path());
+    ASSERT_TRUE(waitForEnd());
+
+    EXPECT_EQ(log.count(kNotificationDidFinishUploading), 1);
+    EXPECT_EQ(manager.uploadedFiles(), (FileList{files[0], files[2]}));
+    EXPECT_EQ(manager.failedFiles(), FileList{files[1]});
+    EXPECT_EQ(files[1]->failureReason,
+              "Cannot read " + files[1]->path() + ": No such file or directory");
+    EXPECT_EQ(service->uploads().size(), 2);
+}
+
+TEST_F(UploadJob, TwoVideosOfOneNameEncodeApartAndArriveUnderThatName) {
+    start();
+    const FileList videos = {
+        probedFile(TestMedia::copyNamed(TestMedia::video(320, 180, 1, true), "same.mov")),
+        probedFile(TestMedia::copyNamed(TestMedia::video(320, 240, 2, true), "same.avi"))};
+    manager.startUploadProcessForFiles(videos, toFolder, false);
+    ASSERT_TRUE(waitForEnd());
+
+    EXPECT_NE(videos[0]->videoDetail->encodedVideoUrl, videos[1]->videoDetail->encodedVideoUrl);
+    EXPECT_EQ(manager.uploadedFiles(), videos);
+    const QList<QJsonObject> uploads = service->uploads();
+    ASSERT_EQ(uploads.size(), 2);
+    for (int i = 0; i < 2; ++i) {
+        const QJsonObject file = uploads[i].value("files").toArray().first().toObject();
+        EXPECT_EQ(file.value("filename").toString(), "same.mp4");
+        EXPECT_EQ(file.value("size").toDouble(), videos[i]->videoDetail->encodedSize);
+    }
+}
+
 TEST_F(UploadJob, A500OnTheSecondOfThreeStopsTheBatchAndFailsTheRest) {
     start({"--fault", "put_project_file=status:500,nth:2"});
-    const FileList files = {passThrough("f1.txt", "one"), passThrough("f2.txt", "two"), passThrough("f3.txt", "three")};
+    const FileList files = {passThrough("f1.txt", "one"), passThrough("f2.txt", "two"),
+                            passThrough("f3.txt", "three")};
     manager.startUploadProcessForFiles(files, toFolder, false);
     ASSERT_TRUE(waitForEnd());
     waitUntil([] { return false; }, 300);
@@ -109,7 +153,8 @@ TEST_F(UploadJob, A500OnTheSecondOfThreeStopsTheBatchAndFailsTheRest) {
     EXPECT_EQ(log.count(kNotificationDidFailUploading), 1);
     EXPECT_EQ(log.count(kNotificationDidFinishUploading), 0);
     EXPECT_EQ(failureMessage(),
-              "Cannot connect to the Orvale server. (Message: Expected status code in (200-299), got 500)");
+              "Cannot connect to the Orvale server. (Message: Expected status code in (200-299), "
+              "got 500)");
     EXPECT_EQ(manager.uploadedFiles(), FileList{files[0]});
     EXPECT_EQ(manager.failedFiles(), (FileList{files[1], files[2]}));
     EXPECT_EQ(service->requestsTo("put_project_file").size(), 2);
@@ -138,7 +183,8 @@ TEST_F(UploadJob, StoppingReportsOneFailureWithTheCancellation) {
 
 TEST_F(UploadJob, TryAgainUploadsAnAlreadyEncodedFileWithoutEncodingItAgain) {
     start({"--fault", "put_project_file=status:503,nth:1"});
-    const FilePtr video = probedFile(TestMedia::copyNamed(TestMedia::video(320, 180, 1, true), "retry-video.mov"));
+    const FilePtr video =
+        probedFile(TestMedia::copyNamed(TestMedia::video(320, 180, 1, true), "retry-video.mov"));
     manager.startUploadProcessForFiles({video}, toFolder, false);
     ASSERT_TRUE(waitForEnd());
     ASSERT_EQ(manager.failedFiles(), FileList{video});
@@ -160,10 +206,12 @@ TEST(UploadJobWithoutSession, FailsAtOnceSayingNoOneIsSignedIn) {
     FakePowerAssertion power;
     DataManager manager(center, power, settings);
     NotificationLog log(center, {kNotificationDidFailUploading});
-    manager.startUploadProcessForFiles({std::make_shared<File>(QUrl::fromLocalFile(TestMedia::textFile("alone.txt", "x")))},
-                                       {}, false);
+    manager.startUploadProcessForFiles(
+        {std::make_shared<File>(QUrl::fromLocalFile(TestMedia::textFile("alone.txt", "x")))}, {},
+        false);
     ASSERT_TRUE(waitUntil([&] { return log.count(kNotificationDidFailUploading) == 1; }));
-    EXPECT_EQ(log.received.first().object.value<ErrorResponsePtr>()->message, ServerManagerHTTP::kNoSessionMessage);
+    EXPECT_EQ(log.received.first().object.value<ErrorResponsePtr>()->message,
+              ServerManagerHTTP::kNoSessionMessage);
     EXPECT_EQ(power.held, 0);
 }
 
@@ -174,7 +222,8 @@ TEST(UploadProgress, TextsComeAtMostOncePer2500000BytesAndAtOnceInALaterJob) {
     FakePowerAssertion power;
     DataManager manager(center, power, settings);
     manager.setByteLinesToStandardOutput(false);
-    NotificationLog log(center, {kNotificationDidChangeUploadedBytes, kNotificationDidFailUploading});
+    NotificationLog log(center,
+                        {kNotificationDidChangeUploadedBytes, kNotificationDidFailUploading});
     auto textsAfter = [&](int chunks) {
         for (int i = 0; i < chunks; ++i) {
             manager.didWriteBytes(1000000);

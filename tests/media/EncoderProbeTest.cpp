@@ -1,10 +1,14 @@
 #include <gtest/gtest.h>
+#include <signal.h>
 
-#include <QFileInfo>
 #include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
 #include <QThread>
+#include <algorithm>
 
 #include "media/Encoder.h"
+#include "media/ProbePool.h"
 #include "support/EventLoop.h"
 #include "support/FakeHelper.h"
 #include "support/RecordingSink.h"
@@ -61,27 +65,34 @@ TEST_P(RealClips, AreProbedWithTheRealHelper) {
 
 INSTANTIATE_TEST_SUITE_P(
     Shapes, RealClips,
-    testing::Values(ClipCase{"Landscape16x9", [] { return TestMedia::video(640, 360, 1, true); }, true, 640, 360},
-                    ClipCase{"Portrait9x16", [] { return TestMedia::video(360, 640, 1); }, true, 360, 640},
-                    ClipCase{"Classic4x3", [] { return TestMedia::video(320, 240, 1); }, true, 320, 240},
-                    ClipCase{"OddShape", [] { return TestMedia::video(322, 178, 1); }, true, 322, 178},
-                    ClipCase{"Square", [] { return TestMedia::video(200, 200, 1); }, true, 200, 200},
-                    ClipCase{"FourTenthsOfASecond", [] { return TestMedia::video(160, 90, 0.4); }, false, 160, 90},
-                    ClipCase{"HalfASecond", [] { return TestMedia::video(160, 90, 0.5); }, false, 160, 90},
-                    ClipCase{"JustOverHalfASecond", [] { return TestMedia::video(160, 90, 0.51); }, true, 160, 90},
-                    ClipCase{"AudioOnly", [] { return TestMedia::audioOnly(1); }, false, 0, 0},
-                    ClipCase{"StillPicture", [] { return TestMedia::still(64, 48); }, false, 64, 48},
-                    ClipCase{"CoverPictureAsSecondStream", [] { return TestMedia::withCoverPicture(); }, true, 600, 600},
-                    ClipCase{"TextUnderAVideoName",
-                             [] { return TestMedia::textFile(QStringLiteral("notes.mp4"), "not a video at all\n"); },
-                             false, 0, 0},
-                    ClipCase{"EmptyFile", [] { return TestMedia::textFile(QStringLiteral("empty.mov"), ""); }, false, 0, 0},
-                    ClipCase{"BlanksQuotesAndAccents",
-                             [] {
-                                 return TestMedia::copyNamed(TestMedia::video(320, 180, 1),
-                                                             QStringLiteral("my 'best' \"take\" – été.mp4"));
-                             },
-                             true, 320, 180}),
+    testing::Values(
+        ClipCase{"Landscape16x9", [] { return TestMedia::video(640, 360, 1, true); }, true, 640,
+                 360},
+        ClipCase{"Portrait9x16", [] { return TestMedia::video(360, 640, 1); }, true, 360, 640},
+        ClipCase{"Classic4x3", [] { return TestMedia::video(320, 240, 1); }, true, 320, 240},
+        ClipCase{"OddShape", [] { return TestMedia::video(322, 178, 1); }, true, 322, 178},
+        ClipCase{"Square", [] { return TestMedia::video(200, 200, 1); }, true, 200, 200},
+        ClipCase{"FourTenthsOfASecond", [] { return TestMedia::video(160, 90, 0.4); }, false, 160,
+                 90},
+        ClipCase{"HalfASecond", [] { return TestMedia::video(160, 90, 0.5); }, false, 160, 90},
+        ClipCase{"JustOverHalfASecond", [] { return TestMedia::video(160, 90, 0.51); }, true, 160,
+                 90},
+        ClipCase{"AudioOnly", [] { return TestMedia::audioOnly(1); }, false, 0, 0},
+        ClipCase{"StillPicture", [] { return TestMedia::still(64, 48); }, false, 64, 48},
+        ClipCase{"CoverPictureAsSecondStream", [] { return TestMedia::withCoverPicture(); }, true,
+                 600, 600},
+        ClipCase{
+            "TextUnderAVideoName",
+            [] { return TestMedia::textFile(QStringLiteral("notes.mp4"), "not a video at all\n"); },
+            false, 0, 0},
+        ClipCase{"EmptyFile", [] { return TestMedia::textFile(QStringLiteral("empty.mov"), ""); },
+                 false, 0, 0},
+        ClipCase{"BlanksQuotesAndAccents",
+                 [] {
+                     return TestMedia::copyNamed(TestMedia::video(320, 180, 1),
+                                                 QStringLiteral("my 'best' \"take\" – été.mp4"));
+                 },
+                 true, 320, 180}),
     [](const testing::TestParamInfo<ClipCase>& info) { return std::string(info.param.name); });
 
 TEST(EncoderProbe, ReportsOnTheMainThreadWhenProbedOnAnother) {
@@ -126,25 +137,30 @@ TEST(EncoderProbe, AMissingHelperCountsAsAnEmptyAnswerAndIsLoggedOnce) {
 }
 
 TEST(EncoderProbe, UsesTheOlderDurationOptionOnlyWhereTheHelperKnowsIt) {
-    const QString answer =
-        QStringLiteral(R"(echo '{"streams":[{"codec_type":"video","width":640,"height":360}],"format":{"duration":"4"}}')");
+    const QString answer = QStringLiteral(
+        R"(echo '{"streams":[{"codec_type":"video","width":640,"height":360}],"format":{"duration":"4"}}')");
     for (const bool knowsOption : {true, false}) {
         FakeHelper helper;
         const QString accept = knowsOption ? QStringLiteral("exit 0") : QStringLiteral("exit 1");
-        helper.install(QStringLiteral("ffprobe"),
-                       QStringLiteral("if [ \"$5\" = -version ]; then %1; fi\n"
-                                      "for a in \"$@\"; do printf '%s|' \"$a\" >> '%2'; done; echo >> '%2'\n%3")
-                           .arg(accept, helper.recordPath(), answer));
+        helper.install(
+            QStringLiteral("ffprobe"),
+            QStringLiteral(
+                "if [ \"$5\" = -version ]; then %1; fi\n"
+                "for a in \"$@\"; do printf '%s|' \"$a\" >> '%2'; done; echo >> '%2'\n%3")
+                .arg(accept, helper.recordPath(), answer));
         ScopedHelpersDir helpers(helper.folder());
         Encoder encoder;
         const QString clip = QStringLiteral("/nowhere/clip name.mov");
         const FilePtr file = probe(encoder, clip);
 
         EXPECT_TRUE(file->isVideo);
-        const QStringList expected = {QStringLiteral("-v|quiet|-print_format|json|-show_format_entry|duration|-show_streams|%1|")
-                                          .arg(clip),
-                                      QStringLiteral("-v|quiet|-print_format|json|-show_entries|format=duration|-show_streams|%1|")
-                                          .arg(clip)};
+        const QStringList expected = {
+            QStringLiteral(
+                "-v|quiet|-print_format|json|-show_format_entry|duration|-show_streams|%1|")
+                .arg(clip),
+            QStringLiteral(
+                "-v|quiet|-print_format|json|-show_entries|format=duration|-show_streams|%1|")
+                .arg(clip)};
         EXPECT_EQ(helper.recordedLines(), QStringList{expected[knowsOption ? 0 : 1]});
     }
 }
@@ -157,4 +173,80 @@ TEST(EncoderProbe, TheRealHelperIsAskedTheWayItUnderstands) {
     EXPECT_NEAR(file->videoDetail->duration, 1000, 1e-6);
     EXPECT_TRUE(log.sink().contains("FFprobe response: {"));
     EXPECT_TRUE(log.sink().contains("IsVideo: 1"));
+}
+
+namespace {
+
+// Probes that report a one-second video; each also notes its pid.
+const QString probeAnswer = QStringLiteral(
+    "echo "
+    "'{\"streams\":[{\"codec_type\":\"video\",\"width\":64,\"height\":36}],\"format\":{"
+    "\"duration\":\"1\"}}'");
+
+FileList probeMany(ProbePool& pool, int count) {
+    FileList files;
+    for (int i = 0; i < count; ++i) {
+        files << std::make_shared<File>(
+            QUrl::fromLocalFile(QStringLiteral("/nowhere/clip%1.mov").arg(i)));
+        pool.probe(files.last());
+    }
+    return files;
+}
+
+}  // namespace
+
+TEST(ProbePool, RunsNoMoreThanItsThreadsAtOnceAndTheFirstProbesTogether) {
+    // Each probe notes how many run beside it, then waits until three have run at once.
+    FakeHelper helper;
+    const QString running = helper.folder() + QStringLiteral("/running");
+    QDir().mkpath(running);
+    helper.install(
+        QStringLiteral("ffprobe"),
+        QStringLiteral(
+            "if [ \"$5\" = -version ]; then echo check >> '%1'; exit 1; fi\n"
+            "touch %2/$$; ls %2 | wc -l >> '%1'\ni=0\n"
+            "while [ $(ls %2 | wc -l) -lt 3 ] && [ ! -e %2.done ] && [ $i -lt 200 ]; do\n"
+            "  sleep 0.05; i=$((i+1)); done\n"
+            "touch %2.done; rm %2/$$\n%3")
+            .arg(helper.recordPath(), running, probeAnswer));
+    ScopedHelpersDir helpers(helper.folder());
+    Encoder encoder;
+    ProbeRecorder recorder;
+    encoder.setDelegate(&recorder);
+    ProbePool pool(encoder, 3);
+    const FileList files = probeMany(pool, 7);
+
+    ASSERT_TRUE(waitUntil([&] { return recorder.reported.size() == files.size(); }, 60000));
+    QStringList lines = helper.recordedLines();
+    EXPECT_EQ(lines.removeAll(QStringLiteral("check")), 1);
+    std::vector<int> together;
+    for (const QString& line : lines) {
+        together.push_back(line.trimmed().toInt());
+    }
+    EXPECT_EQ(*std::max_element(together.begin(), together.end()), 3);
+    EXPECT_TRUE(
+        std::all_of(files.begin(), files.end(), [](const FilePtr& f) { return f->isVideo; }));
+}
+
+TEST(ProbePool, StoppingKillsTheRunningProbesAndNothingReportsAfterwards) {
+    FakeHelper helper;
+    helper.install(
+        QStringLiteral("ffprobe"),
+        QStringLiteral("if [ \"$5\" = -version ]; then exit 1; fi\necho $$ >> '%1'\nexec sleep 60")
+            .arg(helper.recordPath()));
+    ScopedHelpersDir helpers(helper.folder());
+    Encoder encoder;
+    ProbeRecorder recorder;
+    encoder.setDelegate(&recorder);
+    auto pool = std::make_unique<ProbePool>(encoder, 2);
+    probeMany(*pool, 3);
+    ASSERT_TRUE(waitUntil([&] { return helper.recordedLines().size() == 2; }));
+
+    pool.reset();
+    for (const QString& pid : helper.recordedLines()) {
+        EXPECT_NE(::kill(pid.toInt(), 0), 0) << "probe " << pid.toStdString() << " still runs";
+    }
+    waitUntil([] { return false; }, 200);
+    EXPECT_TRUE(recorder.reported.isEmpty());
+    EXPECT_EQ(helper.recordedLines().size(), 2);  // the third never started
 }

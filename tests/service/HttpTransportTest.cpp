@@ -11,6 +11,7 @@
 #include "service/PatternBodySource.h"
 #include "service/PlainRequest.h"
 #include "support/EventLoop.h"
+#include "support/ScopedEnvironment.h"
 
 using HttpTransportTest = HttpServerFixture;
 
@@ -45,6 +46,12 @@ TEST_F(HttpTransportTest, JsonAnswersNeedASuccessStatusAJsonTypeAndJsonText) {
         EXPECT_EQ(outcome.accepted, c.accepted);
         EXPECT_EQ(outcome.error, c.error);
     }
+}
+
+TEST_F(HttpTransportTest, LoopbackRequestsBypassAProxyNamedInTheEnvironment) {
+    // Nothing listens on port 9: a request sent to this proxy would fail.
+    const ScopedEnvironment proxy("http_proxy", "http://127.0.0.1:9");
+    EXPECT_EQ(fetch(HttpRequest::get(server.url("/json"))).status, 200);
 }
 
 TEST_F(HttpTransportTest, JsonRequestsHandTheParsedValueToTheMainThread) {

@@ -16,9 +16,14 @@ QString FakeHelper::install(const QString& name, const QString& scriptBody) {
     return path;
 }
 
-QString FakeHelper::recordPath() const {
-    return dir_.filePath(QStringLiteral("record.txt"));
+QString FakeHelper::installFullDiskFfmpeg() {
+    return install(QStringLiteral("ffmpeg"),
+                   QStringLiteral("[ \"$1\" = -encoders ] && { echo ' A....D aac  AAC'; exit 0; }\n"
+                                  "for last in \"$@\"; do :; done; echo partial > \"$last\"\n"
+                                  "echo 'No space left on device'; exec sleep 5"));
 }
+
+QString FakeHelper::recordPath() const { return dir_.filePath(QStringLiteral("record.txt")); }
 
 QStringList FakeHelper::recordedLines() const {
     QFile record(recordPath());
@@ -29,7 +34,8 @@ QStringList FakeHelper::recordedLines() const {
 }
 
 ScopedHelpersDir::ScopedHelpersDir(const QString& folder)
-    : previous_(qgetenv("ORVALE_HELPERS_DIR")), hadPrevious_(qEnvironmentVariableIsSet("ORVALE_HELPERS_DIR")) {
+    : previous_(qgetenv("ORVALE_HELPERS_DIR")),
+      hadPrevious_(qEnvironmentVariableIsSet("ORVALE_HELPERS_DIR")) {
     qputenv("ORVALE_HELPERS_DIR", folder.toUtf8());
 }
 

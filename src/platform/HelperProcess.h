@@ -1,0 +1,13 @@
+#pragma once
+
+class QProcess;
+
+// What every helper process (ffprobe, ffmpeg) gets before it starts.
+class HelperProcess {
+public:
+    // The helper is killed when the thread that starts it ends: a transcoder must not go on
+    // writing an encode for a process that was killed. Call before start(), from the thread
+    // that starts the process; that thread must outlive the helper (it does, while it waits
+    // for the helper or owns it).
+    static void dieWithParent(QProcess& process);
+};
