@@ -1,6 +1,7 @@
 #include "service/UploadRequest.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QLocale>
 #include <QRegularExpression>
 #include <QSysInfo>
@@ -73,8 +74,14 @@ QList<MultipartBody::FilePart> UploadRequest::fileParts(const File& file) {
     if (file.isVideo && detail && detail->preserveOriginal) {
         LOG_VERBOSE("Preserve original - media_file_alt: {} | media_file: {}",
                     detail->encodedVideoUrl, file.url());
-        return {{QStringLiteral("media_file"), source},
-                {QStringLiteral("media_file_alt"), detail->encodedVideoUrl.toLocalFile()}};
+        QList<MultipartBody::FilePart> parts{{QStringLiteral("media_file"), source}};
+        // The original is what the user asked to keep; an encode that has gone since leaves it
+        // to travel alone rather than failing the file.
+        const QString encoded = detail->encodedVideoUrl.toLocalFile();
+        if (!encoded.isEmpty() && QFileInfo::exists(encoded)) {
+            parts.append({QStringLiteral("media_file_alt"), encoded});
+        }
+        return parts;
     }
     if (file.isVideo && detail && !detail->doNotEncode) {
         return {{QStringLiteral("media_file"), detail->encodedVideoUrl.toLocalFile()}};

@@ -65,7 +65,7 @@ TEST(OutputSizeEstimate, CountsTheAudioAtTheBitrateTheEncodeGivesIt) {
     File file(QUrl::fromLocalFile(QStringLiteral("/clips/a.mov")));
     file.videoDetail = std::make_shared<VideoDetail>();
     const QStringList arguments =
-        TranscodeCommand::arguments(file, QStringLiteral("/out.mp4"), QStringLiteral("aac"));
+        TranscodeCommand::arguments(file, QStringLiteral("/out.mp4"), {QStringLiteral("aac"), false});
     const qsizetype audio = arguments.indexOf(QStringLiteral("-b:a"));
     ASSERT_GE(audio, 0);
     EXPECT_EQ(arguments.at(audio + 1),

@@ -1,5 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <QFile>
+#include <QTemporaryDir>
+
+#include "model/VideoDetail.h"
 #include "service/UploadRequest.h"
 
 TEST(UploadRequest, AcceptLanguageNamesRealLanguagesOnly) {
@@ -9,4 +13,28 @@ TEST(UploadRequest, AcceptLanguageNamesRealLanguagesOnly) {
     EXPECT_EQ(UploadRequest::acceptLanguage({"C"}), "en;q=1");
     EXPECT_EQ(UploadRequest::acceptLanguage({"POSIX", "C"}), "en;q=1");
     EXPECT_EQ(UploadRequest::acceptLanguage({}), "en;q=1");
+}
+
+TEST(UploadRequest, APreservedOriginalTravelsAloneWhenItsEncodeHasGone) {
+    QTemporaryDir dir;
+    const QString source = dir.filePath(QStringLiteral("clip.mov"));
+    const QString encoded = dir.filePath(QStringLiteral("clip_proxy.mp4"));
+    QFile(source).open(QIODevice::WriteOnly);
+    QFile(encoded).open(QIODevice::WriteOnly);
+    File file(QUrl::fromLocalFile(source));
+    file.isVideo = true;
+    file.videoDetail = std::make_shared<VideoDetail>();
+    file.videoDetail->preserveOriginal = true;
+    file.videoDetail->encodedVideoUrl = QUrl::fromLocalFile(encoded);
+
+    auto fieldNames = [&file] {
+        QStringList names;
+        for (const MultipartBody::FilePart& part : UploadRequest::fileParts(file)) {
+            names << part.fieldName;
+        }
+        return names;
+    };
+    EXPECT_EQ(fieldNames(), (QStringList{"media_file", "media_file_alt"}));
+    QFile::remove(encoded);
+    EXPECT_EQ(fieldNames(), QStringList{"media_file"});
 }
