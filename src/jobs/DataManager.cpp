@@ -95,8 +95,22 @@ QString DataManager::startLocalEncodeForFiles(const FileList& files, const QUrl&
         uploadFilesFromQueue();
         return {};
     }
-    encoder_->encodeFiles(encodeList);
+    startEncoding(encodeList);
+    return {};
+}
+
+void DataManager::startEncoding(const FileList& encodeList) {
+    encodeCount_ = static_cast<int>(encodeList.size());
+    encodesStarted_ = 0;
     isEncoding_ = true;
+    encoder_->encodeFiles(encodeList);
+}
+
+QString DataManager::retryFailedFiles() {
+    if (isLocalEncode_) {
+        return startLocalEncodeForFiles(failedFiles(), localEncodeOutputDirUrl_);
+    }
+    retryUploadForFailedFiles();
     return {};
 }
 
@@ -239,12 +253,28 @@ void DataManager::stopEncoding() {
 
 void DataManager::stopJob(std::function<void()> stopped) {
     LOG_VERBOSE("stopJob");
+    const bool wasRunning = jobRunning_;
+    if (wasRunning && isLocalEncode_) {
+        // What the transcoder still had to do, the interrupted file first.
+        for (const FilePtr& file : encoder_->encodeQueue()) {
+            if (files_.contains(file) && !encodeFailedFiles_.contains(file)) {
+                encodeFailedFiles_.append(file);
+            }
+        }
+    }
     isEncoding_ = false;
     isUploading_ = false;
-    endJobStopping(true, std::move(stopped));
+    endJobStopping([this, wasRunning, stopped = std::move(stopped)] {
+        if (wasRunning) {
+            post(kNotificationDidFinishUploading);
+        }
+        if (stopped) {
+            stopped();
+        }
+    });
 }
 
-void DataManager::endJobStopping(bool discardAll, std::function<void()> then) {
+void DataManager::endJobStopping(std::function<void()> then) {
     const FilePtr interrupted = encoder_->isRunning() ? encoder_->encodeQueue().first() : nullptr;
     if (endJob()) {
         serverManager_->stopUploading();  // its report finds the job over
@@ -253,10 +283,8 @@ void DataManager::endJobStopping(bool discardAll, std::function<void()> then) {
             recordUnfinishedFilesAsFailed();
         }
     }
-    encoder_->whenStopped([this, interrupted, discardAll, then = std::move(then)] {
-        if (discardAll) {
-            removeEncodesOfUnfinishedFiles();
-        } else if (interrupted) {
+    encoder_->whenStopped([this, interrupted, then = std::move(then)] {
+        if (interrupted) {
             removeEncodeOf(interrupted);
         }
         if (then) {
@@ -291,6 +319,14 @@ FileList DataManager::failedFiles() const { return encodeFailedFiles_ + uploadFa
 
 void DataManager::didFinishLoadingDetailsForFile(const FilePtr& file) {
     post(kNotificationDidFinishLoadingDetailsForFile, QVariant::fromValue(file));
+}
+
+void DataManager::didStartEncodingFile(const FilePtr& file) {
+    ++encodesStarted_;
+    post(kNotificationDidStartEncodingFile,
+         QVariantMap{{QStringLiteral("fileName"), file->fileName()},
+                     {QStringLiteral("number"), encodesStarted_},
+                     {QStringLiteral("count"), encodeCount_}});
 }
 
 void DataManager::didChangeEncodedState(double milliseconds) {
@@ -344,7 +380,7 @@ void DataManager::didRanOutOfSpaceOnDisk() {
     }
     isEncoding_ = false;
     isUploading_ = false;
-    endJobStopping(false, [this] { post(kNotificationDidRanOutOfSpaceOnDisk); });
+    endJobStopping([this] { post(kNotificationDidRanOutOfSpaceOnDisk); });
 }
 
 void DataManager::disableEnableIdleSleep() {

@@ -25,7 +25,8 @@
 // ("kNotificationDidFailUploading"), full disk ("kNotificationDidRanOutOfSpaceOnDisk") or
 // stopped (stopJob). The idle-sleep assertion is taken at every job start and released at
 // every job end, whatever the kind. An end that stops the transcoder is announced once it has
-// ended and its unfinished output is gone.
+// ended and its unfinished output is gone. A stopped job ends as a completed one does, with
+// the files it did not finish among the failed ones.
 class DataManager : public QObject, public EncoderDelegate, public ServerDelegate {
     Q_OBJECT
 
@@ -64,10 +65,19 @@ public:
     bool isUploadingToMediaLibrary() const { return isUploadingToMediaLibrary_; }
     // Stops the transcoder and nothing else: for the end of the process. To stop a job, stopJob().
     void stopEncoding();
-    // Stops the running job of either kind, which ends here: nothing more is posted for it and
-    // the assertion is released. Then, once the transcoder has ended, the encodes of the files
-    // not handed on are removed and `stopped` runs (also when no job was running).
+    // The one way to stop a running job of either kind (the app's Stop, orvale-cli's Ctrl-C).
+    // The transcoder and any upload batch are stopped and the assertion released at once; the
+    // files not finished become failed files (encode failures in a local-encode job, upload
+    // failures in an upload job). Once the transcoder has ended and the interrupted encode is
+    // removed, "kNotificationDidFinishUploading" ends the job, then `stopped` runs (also when
+    // no job was running, which posts nothing). Encodes that are done and wait for their upload
+    // are kept for a retry.
     void stopJob(std::function<void()> stopped = {});
+    // "Try Again": the failed files of the last job as a job of the same kind. After a
+    // local-encode job they are encoded again into the same output folder with the sizes they
+    // had; after an upload job, retryUploadForFailedFiles(). Returns why the job could not
+    // start, as startLocalEncodeForFiles does.
+    QString retryFailedFiles();
     // Waits for stopped transcoders, then removes the encodes of the job's files that were not
     // handed on; for the end of the process, and of orvale-cli's jobs, which have no retry.
     void deleteEncodedFilesIfNecessary();
@@ -75,6 +85,8 @@ public:
     void disableEnableIdleSleep();
 
     FileList failedFiles() const;
+    // The files of the last job, as it was given them.
+    const FileList& files() const { return files_; }
     int uploadedFilesCount() const { return static_cast<int>(uploadedFiles_.size()); }
     const FileList& uploadedFiles() const { return uploadedFiles_; }
     const FileList& encodeFailedFiles() const { return encodeFailedFiles_; }
@@ -145,6 +157,7 @@ public:
 
     // EncoderDelegate
     void didFinishLoadingDetailsForFile(const FilePtr& file) override;
+    void didStartEncodingFile(const FilePtr& file) override;
     void didChangeEncodedState(double milliseconds) override;
     void didFinishEncodingVideo(const FilePtr& file, bool isLastVideo) override;
     void didRanOutOfSpaceOnDisk() override;
@@ -157,6 +170,7 @@ private:
     void uploadFilesFromQueue();
     void sendToService(const FileList& batch);
     void splitIntoEncodeListAndUploadQueue(const FileList& files, FileList& encodeList);
+    void startEncoding(const FileList& encodeList);
     void updateByteTexts(quint64 written, quint64 total, float percent);
     void endUploadJobAfterLastEncodeFailed();
     void accountUploadSizes();
@@ -166,9 +180,8 @@ private:
     // Marks the running job's end and releases the assertion; false when no job was running.
     bool endJob();
     // Ends the job now (if one runs) and stops its batch and transcoder; `then` runs once the
-    // transcoder has ended and the interrupted encode (or, with discardAll, every encode not
-    // handed on) is removed.
-    void endJobStopping(bool discardAll, std::function<void()> then);
+    // transcoder has ended and the interrupted encode is removed.
+    void endJobStopping(std::function<void()> then);
     void recordUnfinishedFilesAsFailed();
     void removeEncodesOfUnfinishedFiles();
     void takeIdleSleepAssertion();
@@ -208,6 +221,8 @@ private:
     QUrl localEncodeOutputDirUrl_;
     double totalDuration_ = 0;
     double encodedVideosDuration_ = 0;
+    int encodeCount_ = 0;
+    int encodesStarted_ = 0;
     quint64 totalBytesToWrite_ = 0;
     quint64 bytesWritten_ = 0;
     quint64 lastUIByteUpdate_ = 0;

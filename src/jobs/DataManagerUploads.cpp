@@ -42,8 +42,7 @@ void DataManager::startUploadProcessForFiles(const FileList& files, const QVaria
     FileList encodeList;
     splitIntoEncodeListAndUploadQueue(files, encodeList);
     if (!encodeList.isEmpty()) {
-        encoder_->encodeFiles(encodeList);
-        isEncoding_ = true;
+        startEncoding(encodeList);
     }
     if (!uploadQueue_.isEmpty()) {
         // The first batch goes out without size accounting: its multiplier stays 1.
@@ -121,6 +120,9 @@ void DataManager::updateByteTexts(quint64 written, quint64 total, float percent)
 }
 
 void DataManager::didFinishUploadingFile(const FilePtr& file, bool success) {
+    if (!jobRunning_) {
+        return;  // a stopped job has counted its unfinished files already
+    }
     if (success) {
         uploadedFiles_.append(file);
     } else {
@@ -148,7 +150,7 @@ void DataManager::didFinishUploadingWithResult(const ErrorResponsePtr& error, bo
         return;
     }
     endJobStopping(
-        false, [this, error] { post(kNotificationDidFailUploading, QVariant::fromValue(error)); });
+        [this, error] { post(kNotificationDidFailUploading, QVariant::fromValue(error)); });
 }
 
 void DataManager::endUploadJobAfterLastEncodeFailed() {

@@ -14,6 +14,10 @@ inline constexpr QLatin1String kNotificationDidFinishUploading{"kNotificationDid
 inline constexpr QLatin1String kNotificationDidChangeUploadedBytes{"kNotificationDidChangeUploadedBytes"};
 inline constexpr QLatin1String kNotificationDidChangeUploadedPercent{"kNotificationDidChangeUploadedPercent"};
 inline constexpr QLatin1String kNotificationDidFailUploading{"kNotificationDidFailUploading"};
+// A file's encode begins. Object: a QVariantMap with "fileName" (the source's name, QString),
+// "number" (1 for the job's first encode, int) and "count" (the encodes of the job, int).
+inline constexpr QLatin1String kNotificationDidStartEncodingFile{
+    "kNotificationDidStartEncodingFile"};
 
 // Session and catalogue. The credit names lack an "i" ("Loadng"); listeners use them as spelled.
 inline constexpr QLatin1String kNotificationDidFinishLoggingIn{"kNotificationDidFinishLoggingIn"};

@@ -91,6 +91,9 @@ void Encoder::encodeFile(const FilePtr& file) {
     currentState_ = 0;
     progress_.reset();
     LOG_VERBOSE("Encoding: {}, size: {:f}", file->fileName(), file->size);
+    if (delegate_ != nullptr) {
+        delegate_->didStartEncodingFile(file);
+    }
 
     const QString helper = helperPath(QStringLiteral("ffmpeg"));
     if (helper.isEmpty() || outputPath.isEmpty()) {

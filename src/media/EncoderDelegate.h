@@ -9,6 +9,8 @@ public:
     virtual ~EncoderDelegate() = default;
 
     virtual void didFinishLoadingDetailsForFile(const FilePtr& file) { (void)file; }
+    // A file's transcode begins (also one that fails at once).
+    virtual void didStartEncodingFile(const FilePtr& file) { (void)file; }
     virtual void didChangeEncodedState(double milliseconds) { (void)milliseconds; }
     virtual void didFinishEncodingVideo(const FilePtr& file, bool isLastVideo) {
         (void)file;

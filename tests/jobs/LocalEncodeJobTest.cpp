@@ -153,14 +153,19 @@ TEST_F(LocalEncodeJob, FilesThatNeedNoEncodingCompleteTheJobAtOnce) {
     EXPECT_EQ(power.held, 0);
 }
 
-TEST_F(LocalEncodeJob, StoppingEndsTheJobOnceAndLeavesNothingOfTheStoppedFile) {
-    const FilePtr file =
-        probedFile(TestMedia::copyNamed(TestMedia::video(640, 360, 20, true), "long.mov"));
-    manager.startLocalEncodeForFiles({file}, outputUrl());
-    ASSERT_TRUE(waitUntil([&] { return !log.percents().isEmpty(); }, 30000));
-    const QString partial = file->videoDetail->encodedVideoUrl.toLocalFile();
+TEST_F(LocalEncodeJob, StoppingInTheSecondOfThreeFilesEndsOnceAndATryAgainFinishesTheRest) {
+    NotificationLog starts{center, {kNotificationDidStartEncodingFile}};
+    const FileList files = {
+        probedFile(clipNamed("stop-a.mov")),
+        probedFile(TestMedia::copyNamed(TestMedia::video(640, 360, 20, true), "stop-b.mov")),
+        probedFile(clipNamed("stop-c.mov"))};
+    manager.startLocalEncodeForFiles(files, outputUrl());
+    ASSERT_TRUE(
+        waitUntil([&] { return starts.count(kNotificationDidStartEncodingFile) == 2; }, 30000));
+    const qsizetype percentsBefore = log.percents().size();
+    ASSERT_TRUE(waitUntil([&] { return log.percents().size() > percentsBefore; }, 30000));
+    const QString partial = files[1]->videoDetail->encodedVideoUrl.toLocalFile();
     ASSERT_TRUE(QFileInfo::exists(partial));
-    const qsizetype before = log.received.size();
     int stopped = 0;
     manager.stopJob([&] { ++stopped; });
     EXPECT_EQ(power.held, 0);
@@ -168,13 +173,26 @@ TEST_F(LocalEncodeJob, StoppingEndsTheJobOnceAndLeavesNothingOfTheStoppedFile) {
     waitUntil([] { return false; }, 300);
 
     EXPECT_EQ(stopped, 1);
-    EXPECT_EQ(log.received.size(), before);
+    EXPECT_EQ(log.count(kNotificationDidFinishUploading), 1);
+    EXPECT_EQ(manager.uploadedFilesCount(), 1);
+    EXPECT_EQ(manager.failedFiles(), (FileList{files[1], files[2]}));
     EXPECT_FALSE(QFileInfo::exists(partial));
-    EXPECT_TRUE(outputNames().isEmpty());
-    // The next job takes the assertion again.
-    manager.startLocalEncodeForFiles({probedFile(TestMedia::textFile("after-stop.txt", "x"))},
-                                     outputUrl());
-    EXPECT_EQ(power.created, 2);
+    EXPECT_FALSE(QFileInfo::exists(QFileInfo(partial).path()));
+    EXPECT_EQ(outputNames(), QStringList{"stop-a.mp4"});
+    const QVariantMap first = starts.received.first().object.toMap();
+    EXPECT_EQ(first.value("fileName").toString(), "stop-a.mov");
+    EXPECT_EQ(first.value("number").toInt(), 1);
+    EXPECT_EQ(first.value("count").toInt(), 3);
+
+    // Try Again encodes the two into the same folder, as a local-encode job of its own.
+    log.received.clear();
+    ASSERT_TRUE(manager.retryFailedFiles().isEmpty());
+    EXPECT_EQ(log.names().first(), kNotificationIsLocalEncode);
+    EXPECT_EQ(starts.received.last().object.toMap().value("count").toInt(), 2);
+    ASSERT_TRUE(runUntilDone(120000));
+    EXPECT_EQ(manager.uploadedFilesCount(), 2);
+    EXPECT_TRUE(manager.failedFiles().isEmpty());
+    EXPECT_EQ(outputNames(), (QStringList{"stop-a.mp4", "stop-b.mp4", "stop-c.mp4"}));
     EXPECT_EQ(power.held, 0);
 }
 

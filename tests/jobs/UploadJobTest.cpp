@@ -181,6 +181,21 @@ TEST_F(UploadJob, StoppingReportsOneFailureWithTheCancellation) {
     EXPECT_EQ(log.count(kNotificationDidFailUploading), 1);
 }
 
+TEST_F(UploadJob, StoppingTheJobEndsItOnceWithTheUnsentFilesFailed) {
+    start({"--fault", "put_project_file=delay:5000"});
+    const FileList files = {passThrough("stop1.txt", "one"), passThrough("stop2.txt", "two")};
+    manager.startUploadProcessForFiles(files, toFolder, false);
+    ASSERT_TRUE(waitUntil([&] { return !service->requests().isEmpty(); }, 10000));
+    manager.stopJob();
+    ASSERT_TRUE(waitForEnd());
+    waitUntil([] { return false; }, 300);  // the cancelled batch's late report changes nothing
+
+    EXPECT_EQ(log.count(kNotificationDidFinishUploading), 1);
+    EXPECT_EQ(log.count(kNotificationDidFailUploading), 0);
+    EXPECT_EQ(manager.failedFiles(), files);
+    EXPECT_EQ(power.held, 0);
+}
+
 TEST_F(UploadJob, TryAgainUploadsAnAlreadyEncodedFileWithoutEncodingItAgain) {
     start({"--fault", "put_project_file=status:503,nth:1"});
     const FilePtr video =
