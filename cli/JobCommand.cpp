@@ -38,6 +38,9 @@ void JobCommand::showEncodeProblem(const FilePtr& file) {
 }
 
 int JobCommand::jobExitStatus() const {
+    if (interrupted_) {
+        return exitInterrupted;
+    }
     const bool failedAny = !DataManager::sharedInstance().failedFiles().isEmpty();
     return failedAny || refusedAny_ ? exitFailure : exitSuccess;
 }
@@ -69,12 +72,20 @@ void JobCommand::reportFailureReasons(const QString& command) {
 }
 
 void JobCommand::stopJob(const QString& stopping) {
-    // Unhooked first: what the stop ends is not reported as the job's own end.
-    NotificationCenter::defaultCenter().removeObserver(this);
+    if (interrupted_) {
+        return;  // a second Ctrl-C while the first one is being handled
+    }
+    interrupted_ = true;
     if (progress_) {
         progress_->message(stopping);
     }
-    DataManager::sharedInstance().stopJob([this] { emit finished(exitInterrupted); });
+    DataManager& manager = DataManager::sharedInstance();
+    const bool jobRunning = manager.isJobRunning();
+    manager.stopJob([this, jobRunning] {
+        if (!jobRunning) {
+            finishWith(exitInterrupted);
+        }
+    });
 }
 
 void JobCommand::finishWith(int exitStatus) {

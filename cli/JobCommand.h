@@ -29,14 +29,17 @@ protected:
     virtual void filesGathered() = 0;
     // SIGINT or SIGTERM; the command calls stopJob().
     virtual void interrupted() = 0;
-    // Stops the job; the command ends with exitInterrupted once the transcoder has ended and
-    // the job's encodes are gone. `stopping` is shown first.
+    // Stops the job through the job manager's one stop operation, `stopping` shown first. A
+    // running job then ends as usual (the command's end handler prints the summary, the stopped
+    // files among the failed ones); without one the command ends at once. Either way the exit
+    // status is exitInterrupted.
     void stopJob(const QString& stopping);
 
     void startProgressLine(bool json);
     // The progress screen's text for a video that could not be encoded, on the progress line.
     void showEncodeProblem(const FilePtr& file);
-    // exitFailure when a file failed or was refused, else exitSuccess.
+    // exitInterrupted after stopJob(), else exitFailure when a file failed or was refused, else
+    // exitSuccess.
     int jobExitStatus() const;
     static QJsonArray failedPaths();
     // "Failed: a.mov, b.mov\n", or nothing when no file failed.
@@ -55,4 +58,5 @@ private:
     std::unique_ptr<FileIntake> intake_;
     InterruptWatcher* interrupts_ = nullptr;
     bool refusedAny_ = false;
+    bool interrupted_ = false;
 };

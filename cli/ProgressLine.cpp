@@ -2,9 +2,7 @@
 
 #include "ConsoleOutput.h"
 
-ProgressLine::ProgressLine(bool redraw) : redraw_(redraw) {
-    elapsed_.start();
-}
+ProgressLine::ProgressLine(bool redraw) : redraw_(redraw) { elapsed_.start(); }
 
 QString ProgressLine::clock(qint64 seconds) {
     return QStringLiteral("%1:%2:%3")
@@ -15,8 +13,9 @@ QString ProgressLine::clock(qint64 seconds) {
 
 void ProgressLine::update(double percent, const QString& detail) {
     const qint64 seconds = elapsed_.elapsed() / 1000;
-    const QString left = percent > 0 ? clock(static_cast<qint64>(seconds * (100 - percent) / percent))
-                                     : QStringLiteral("--:--:--");
+    timeLeft_.addPercent(percent);
+    const std::optional<qint64> secondsLeft = timeLeft_.secondsLeft();
+    const QString left = secondsLeft ? clock(*secondsLeft) : QStringLiteral("--:--:--");
     const QString text = QStringLiteral("%1% elapsed %2 left %3  %4")
                              .arg(percent, 5, 'f', 1)
                              .arg(clock(seconds), left, detail);

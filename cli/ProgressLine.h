@@ -3,8 +3,10 @@
 #include <QElapsedTimer>
 #include <QString>
 
+#include "jobs/TimeLeftEstimate.h"
+
 // Job progress on standard error: on a terminal one line that redraws itself, elsewhere a line
-// at each further 10 %.
+// at each further 10 %. The time left is the app's estimate; "--:--:--" while it is unknown.
 class ProgressLine {
 public:
     explicit ProgressLine(bool redraw);
@@ -22,4 +24,5 @@ private:
     bool lineOpen_ = false;
     int lastDecile_ = 0;
     QElapsedTimer elapsed_;
+    TimeLeftEstimate timeLeft_;
 };

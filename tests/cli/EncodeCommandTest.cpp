@@ -130,7 +130,7 @@ bool hasEnded(pid_t pid) {
 
 }  // namespace
 
-TEST(EncodeCommand, AnInterruptStopsTheEncodeAndRemovesWhatWasUnfinished) {
+TEST(EncodeCommand, AnInterruptStopsTheJobListsTheStoppedFileAndRemovesWhatWasUnfinished) {
     CliDataHome home;
     QProcess cli;
     startLongEncode(cli, home, home.dir.filePath("out"));
@@ -139,6 +139,8 @@ TEST(EncodeCommand, AnInterruptStopsTheEncodeAndRemovesWhatWasUnfinished) {
 
     EXPECT_EQ(cli.exitStatus(), QProcess::NormalExit);
     EXPECT_EQ(cli.exitCode(), 130);
+    // The job ended as the app's Stop ends it: the summary lists the stopped file as failed.
+    EXPECT_TRUE(cli.readAllStandardOutput().contains("Completed: 0\nFailed: long run.mov\n"));
     EXPECT_TRUE(home.encodes().isEmpty());
     EXPECT_FALSE(QFileInfo::exists(home.dir.filePath("out/long run.mp4")));
 }
