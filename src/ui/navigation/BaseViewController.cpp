@@ -148,16 +148,23 @@ void BaseViewController::showAlertWithMessage(const QString& message) { openAler
 
 void BaseViewController::showAlertWithMessage(const QString& message,
                                               std::function<void()> didEnd) {
-    if (alert_ != nullptr) {
-        QMessageBox* showing = alert_;
-        alert_ = nullptr;
-        // Ended by us, not dismissed by the user: its receiver is not told.
-        disconnect(showing, &QDialog::finished, this, nullptr);
-        showing->done(QMessageBox::Cancel);
-    }
+    endAlert();
     QMessageBox* box = openAlert(message);
     if (didEnd) {
         connect(box, &QDialog::finished, this, [didEnd = std::move(didEnd)] { didEnd(); });
+    }
+}
+
+void BaseViewController::endAlert() {
+    if (alert_ == nullptr) {
+        return;
+    }
+    QMessageBox* showing = alert_;
+    alert_ = nullptr;
+    // Ended by us, not dismissed by the user: its receiver is not told.
+    disconnect(showing, &QDialog::finished, this, nullptr);
+    if (showing->isVisible()) {
+        showing->done(QMessageBox::Cancel);
     }
 }
 

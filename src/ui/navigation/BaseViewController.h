@@ -76,6 +76,8 @@ public:
     void showAlertWithMessage(const QString& message);
     void showAlertWithMessage(const QString& message, std::function<void()> didEnd);
     QMessageBox* alert() const { return alert_; }
+    // Ends the alert on show, if any, without calling its receiver.
+    void endAlert();
 
 protected:
     virtual void awakeFromNib();

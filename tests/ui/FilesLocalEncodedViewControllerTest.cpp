@@ -1,0 +1,127 @@
+#include <gtest/gtest.h>
+
+#include <QLabel>
+#include <QScrollArea>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include "jobs/DataManager.h"
+#include "jobs/NotificationNames.h"
+#include "support/FakePowerAssertion.h"
+#include "support/NotificationLog.h"
+#include "support/RecordingScreen.h"
+#include "support/ScreenHarness.h"
+#include "ui/controls/ButtonWithIcon.h"
+#include "ui/controls/ImageView.h"
+#include "ui/controls/RoundedButton.h"
+#include "ui/controls/ViewGeometry.h"
+#include "ui/screens/FilesLocalEncodedViewController.h"
+#include "ui/screens/UploadProgressViewController.h"
+
+using namespace NotificationNames;
+
+namespace {
+
+class ResultsScreen : public testing::Test {
+protected:
+    // A real local-encode job whose videos fail at once (their sources are gone), beside one
+    // file that needs no encoding; it leaves the job manager with `failed` failed files.
+    void runJobWithFailures(int failed) {
+        FileList files = {std::make_shared<File>(QUrl::fromLocalFile(dir.filePath("notes.txt")))};
+        for (int i = 0; i < failed; ++i) {
+            auto file = std::make_shared<File>(
+                QUrl::fromLocalFile(dir.filePath(QString("gone-%1.mov").arg(i))));
+            file->isVideo = true;
+            file->videoDetail = std::make_shared<VideoDetail>();
+            file->videoDetail->duration = 1000;
+            file->videoDetail->width = 320;
+            file->videoDetail->height = 180;
+            file->videoDetail->widthToEncode = 320;
+            file->videoDetail->minBitrate = "300k";
+            file->videoDetail->maxBitrate = "400k";
+            files << file;
+        }
+        const int ends = log.count(kNotificationDidFinishUploading);
+        ASSERT_TRUE(
+            manager.startLocalEncodeForFiles(files, QUrl::fromLocalFile(dir.filePath("out")))
+                .isEmpty());
+        ASSERT_TRUE(QTest::qWaitFor(
+            [&] { return log.count(kNotificationDidFinishUploading) > ends; }, 30000));
+    }
+    // The file selection screen, the progress screen and the results on top, as after a job.
+    FilesLocalEncodedViewController* showResults() {
+        auto* root = BaseViewController::create<RecordingScreen>(&harness, &manager);
+        harness.window()->navigationViewController()->setViewController(root);
+        progress = BaseViewController::create<UploadProgressViewController>(&harness, &manager);
+        root->pushViewController(progress, false);
+        auto* results =
+            BaseViewController::create<FilesLocalEncodedViewController>(&harness, &manager);
+        progress->pushViewController(results, false);
+        return results;
+    }
+    BaseViewController* current() const { return harness.navigationView().currentViewController(); }
+
+    QTemporaryDir dir;
+    FakePowerAssertion power;
+    NotificationCenter& center = NotificationCenter::defaultCenter();
+    DataManager manager{center, power};
+    NotificationLog log{center, {kNotificationDidFinishUploading, kNotificationIsLocalEncode}};
+    ScreenHarness harness;
+    UploadProgressViewController* progress = nullptr;
+};
+
+}  // namespace
+
+TEST_F(ResultsScreen, ShowsTheCountAndTheFailedFilesInAStackCentredInTheBackground) {
+    struct Case {
+        int failed;
+        int scrollHeight;
+        int stackHeight;
+    };
+    for (const Case& c : {Case{0, 0, 270}, Case{7, 130, 463}}) {
+        runJobWithFailures(c.failed);
+        FilesLocalEncodedViewController* results = showResults();
+        EXPECT_EQ(results->uploadCountLabel()->text(), "0 file(s) completed");
+        EXPECT_EQ(results->accountButton()->titleString(), "Show in Folder");
+        EXPECT_EQ(results->scrollView()->isVisibleTo(results), c.failed > 0) << c.failed;
+        EXPECT_EQ(results->tryAgainButton()->isVisibleTo(results), c.failed > 0) << c.failed;
+        const QRectF stack = ViewGeometry::frame(results->componentsView());
+        EXPECT_EQ(stack.height(), c.stackHeight) << c.failed;
+        EXPECT_NEAR(stack.y(), (562 - c.stackHeight) / 2.0, 0.5) << c.failed;
+        EXPECT_EQ(ViewGeometry::frame(results->imageView()).y() + 130, c.stackHeight);
+        if (c.failed > 0) {
+            EXPECT_EQ(results->scrollView()->height(), c.scrollHeight) << c.failed;
+            EXPECT_EQ(results->logView()->height(), 26 * c.failed) << c.failed;
+            ASSERT_EQ(results->logRows().size(), c.failed);
+            // Rows 26 apart from the list's bottom, in the order of the failed files.
+            EXPECT_EQ(ViewGeometry::frame(results->logRows().last()),
+                      QRectF(0, 26 * (c.failed - 1), results->logView()->width(), 20));
+            EXPECT_EQ(results->logRows().first()->text(), "gone-0.mov");
+        }
+    }
+}
+
+TEST_F(ResultsScreen, BackToHomeActsOnce) {
+    runJobWithFailures(1);
+    FilesLocalEncodedViewController* results = showResults();
+    QTest::mouseClick(results->homeButton(), Qt::LeftButton);
+    QTest::mouseClick(results->homeButton(), Qt::LeftButton);
+    ASSERT_TRUE(harness.waitForSlides());
+    EXPECT_EQ(harness.navigationView().viewStack().size(), 1);
+    EXPECT_FALSE(results->homeButton()->isActionEnabled());
+}
+
+TEST_F(ResultsScreen, TryAgainEncodesTheFailedFilesOnceAndTheProgressScreenFollows) {
+    runJobWithFailures(2);
+    FilesLocalEncodedViewController* results = showResults();
+    const int startsBefore = log.count(kNotificationIsLocalEncode);
+    QTest::mouseClick(results->tryAgainButton(), Qt::LeftButton);
+    QTest::mouseClick(results->tryAgainButton(), Qt::LeftButton);
+    EXPECT_EQ(log.count(kNotificationIsLocalEncode), startsBefore + 1);
+    EXPECT_EQ(current(), progress);
+    EXPECT_EQ(manager.files().size(), 2);  // only the failed ones, the text file not again
+    // The retried job fails again and ends in a new results screen.
+    ASSERT_TRUE(
+        QTest::qWaitFor([&] { return current() != progress && current() != nullptr; }, 30000));
+    EXPECT_NE(qobject_cast<FilesLocalEncodedViewController*>(current()), nullptr);
+}

@@ -1,0 +1,162 @@
+#include <gtest/gtest.h>
+
+#include <QLabel>
+#include <QMessageBox>
+#include <QPointer>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include "jobs/DataManager.h"
+#include "jobs/NotificationNames.h"
+#include "support/FakePowerAssertion.h"
+#include "support/JobFiles.h"
+#include "support/RecordingScreen.h"
+#include "support/ScreenHarness.h"
+#include "ui/controls/ImageView.h"
+#include "ui/controls/RoundedButton.h"
+#include "ui/controls/RoundedView.h"
+#include "ui/controls/ViewGeometry.h"
+#include "ui/screens/FilesLocalEncodedViewController.h"
+#include "ui/screens/UploadProgressViewController.h"
+
+using namespace NotificationNames;
+
+namespace {
+
+class ProgressScreen : public testing::Test {
+protected:
+    ProgressScreen() {
+        auto* root = BaseViewController::create<RecordingScreen>(&harness, &manager);
+        harness.window()->navigationViewController()->setViewController(root);
+        root->pushViewController(screen, false);
+    }
+
+    static void post(const QString& name, const QVariant& object = {}) {
+        NotificationCenter::defaultCenter().post(name, object);
+    }
+    bool resultsShown() const {
+        return qobject_cast<FilesLocalEncodedViewController*>(
+                   harness.navigationView().currentViewController()) != nullptr;
+    }
+    static FilePtr fileNamed(const QString& name) {
+        return std::make_shared<File>(QUrl::fromLocalFile("/nowhere/" + name));
+    }
+
+    FakePowerAssertion power;
+    DataManager manager{NotificationCenter::defaultCenter(), power};
+    ScreenHarness harness;
+    UploadProgressViewController* screen =
+        BaseViewController::create<UploadProgressViewController>(&harness, &manager);
+};
+
+}  // namespace
+
+TEST_F(ProgressScreen, BarsFollowTheNumbersTheyAreGivenAndTheResultsFollowTheEnd) {
+    QWidget* encoded = screen->convertedProgressView();
+    QWidget* uploaded = screen->uploadedProgressView();
+    const int track = screen->totalView()->width();
+    post(kNotificationDidChangeEncodedPercent, 0.5f);
+    EXPECT_EQ(encoded->width(), 0);
+    post(kNotificationDidChangeEncodedPercent, 3.0f);
+    EXPECT_EQ(encoded->width(), qRound(track * 0.07));
+    post(kNotificationDidChangeEncodedPercent, "20");  // not a number: nothing changes
+    EXPECT_EQ(screen->convertedTextField()->text(), "3%");
+    post(kNotificationDidChangeEncodedPercent, 20.0f);  // out of the stub range at once
+    EXPECT_EQ(encoded->width(), qRound(track * 0.2));
+    post(kNotificationDidChangeEncodedPercent, 45.7f);
+    EXPECT_TRUE(screen->isBarAnimating(encoded));
+    EXPECT_EQ(screen->convertedTextField()->text(), "45%");
+
+    post(kNotificationDidChangeUploadedPercent, 50.0);
+    post(kNotificationDidChangeUploadedBytes, QStringLiteral("5 MB / 10 MB"));
+    post(kNotificationDidChangeUploadedPercent, 99.5);
+    EXPECT_EQ(screen->uploadedTextField()->text(), "50%");
+    EXPECT_EQ(screen->uploadedBytesTextField()->text(), "5 MB / 10 MB");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return uploaded->width() == qRound(track * 0.99); }));
+
+    post(kNotificationDidFinishUploading);
+    EXPECT_EQ(screen->uploadedTextField()->text(), "99%");
+    EXPECT_FALSE(resultsShown());  // half a second later
+    EXPECT_TRUE(QTest::qWaitFor([&] { return resultsShown(); }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return uploaded->width() == qRound(track * 0.995); }));
+    EXPECT_FALSE(screen->isScreenVisible());
+}
+
+TEST_F(ProgressScreen, AnotherEncodeProblemReplacesTheAlertOnShowAndDismissingItShowsNoResults) {
+    post(kNotificationDidOccureProblemWhileEncoding, QVariant::fromValue(fileNamed("a.mov")));
+    QPointer<QMessageBox> first = screen->alert();
+    post(kNotificationDidOccureProblemWhileEncoding, QVariant::fromValue(fileNamed("b.mov")));
+    EXPECT_TRUE(first.isNull() || !first->isVisible());
+    ASSERT_NE(screen->alert(), nullptr);
+    EXPECT_EQ(screen->alert()->text(),
+              "Ooops! Something went wrong while encoding video: b.mov. Video will be skipped.");
+    screen->alert()->done(QMessageBox::Ok);
+    QTest::qWait(0);
+    EXPECT_FALSE(resultsShown());
+}
+
+TEST_F(ProgressScreen, AFailedUploadOrAFullDiskShowsTheResultsOnceTheAlertIsDismissed) {
+    auto error = std::make_shared<ErrorResponse>();
+    error->message = QStringLiteral("Cannot connect to the Orvale server.");
+    const std::pair<QString, QVariant> cases[] = {
+        {kNotificationDidFailUploading, QVariant::fromValue(ErrorResponsePtr(error))},
+        {kNotificationDidRanOutOfSpaceOnDisk, QVariant()}};
+    const QStringList texts = {error->message, "No space left on device. Upload will be aborted."};
+    for (int i = 0; i < 2; ++i) {
+        ASSERT_TRUE(harness.waitForSlides());
+        harness.navigationView().setViewController(screen);
+        screen->activateView();
+        post(cases[i].first, cases[i].second);
+        ASSERT_NE(screen->alert(), nullptr);
+        EXPECT_EQ(screen->alert()->text(), texts[i]);
+        QTest::qWait(UploadProgressViewController::kResultsDelayMs + 100);
+        EXPECT_FALSE(resultsShown()) << i;
+        screen->alert()->done(QMessageBox::Ok);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return resultsShown(); })) << i;
+        EXPECT_TRUE(screen->stopButton()->isHidden()) << i;
+    }
+}
+
+TEST_F(ProgressScreen, ALocalEncodeShowsOnlyTheEncodeIndicatorsInTheMiddle) {
+    post(kNotificationIsLocalEncode);
+    EXPECT_EQ(screen->uploadingImage()->imageName(), "illustration_desktop_big.png");
+    EXPECT_EQ(screen->uploadingText()->text(), "Encoding your files");
+    for (QWidget* upload : std::initializer_list<QWidget*>{
+             screen->uploadedSquare(), screen->uploadedTextField(), screen->uploadedLabel(),
+             screen->uploadedBytesTextField()}) {
+        EXPECT_FALSE(upload->isVisible()) << upload->objectName().toStdString();
+    }
+    EXPECT_EQ(ViewGeometry::frame(screen->convertedSquare()), QRectF(410, 275, 30, 30));
+    EXPECT_EQ(ViewGeometry::frame(screen->convertedTextField()), QRectF(448, 279, 60, 22));
+    EXPECT_EQ(ViewGeometry::frame(screen->convertedLabel()), QRectF(407, 248, 78, 20));
+    post(kNotificationIsMediaLibraryUpload);
+    EXPECT_EQ(screen->uploadingImage()->imageName(), "illustration_media_library2_big.png");
+}
+
+TEST_F(ProgressScreen, EscapeAsksAndStopInTheSecondOfThreeFilesShowsOneDoneAndTwoFailed) {
+    const FileList files = {
+        probedFile(TestMedia::copyNamed(TestMedia::video(320, 180, 1, true), "ui-stop-a.mov")),
+        probedFile(TestMedia::copyNamed(TestMedia::video(640, 360, 20, true), "ui-stop-b.mov")),
+        probedFile(TestMedia::copyNamed(TestMedia::video(320, 180, 1, true), "ui-stop-c.mov"))};
+    QTemporaryDir output;
+    ASSERT_TRUE(
+        manager.startLocalEncodeForFiles(files, QUrl::fromLocalFile(output.path())).isEmpty());
+    ASSERT_TRUE(QTest::qWaitFor(
+        [&] { return screen->fileTextField()->text() == "ui-stop-b.mov \u00b7 file 2 of 3"; },
+        30000));
+
+    harness.window()->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(harness.window()));
+    QTest::keyClick(harness.window(), Qt::Key_Escape);
+    ASSERT_NE(screen->stopQuestion(), nullptr);
+    EXPECT_EQ(screen->stopQuestion()->text(),
+              "Stop encoding? The file being encoded now is discarded; finished files are kept.");
+    EXPECT_TRUE(manager.isJobRunning());  // nothing stops before the answer
+    screen->stopQuestion()->button(QMessageBox::Yes)->click();
+
+    ASSERT_TRUE(QTest::qWaitFor([&] { return resultsShown(); }, 30000));
+    auto* results = qobject_cast<FilesLocalEncodedViewController*>(
+        harness.navigationView().currentViewController());
+    EXPECT_EQ(results->uploadCountLabel()->text().section(' ', 0, 0), "1");
+    EXPECT_EQ(results->logRows().size(), 2);
+}
