@@ -78,6 +78,9 @@ TEST(StyledButtons, RingTheFocusOnlyWhenItCameFromTheKeyboard) {
     button->setFocus(Qt::ActiveWindowFocusReason);
     ASSERT_TRUE(button->hasFocus());
     EXPECT_EQ(button->grab().toImage(), plain);
+    // Tab to the window's only control keeps the focus where it is, and shows it.
+    QTest::keyClick(button, Qt::Key_Tab);
+    EXPECT_NE(button->grab().toImage(), plain);
     button->clearFocus();
     button->setFocus(Qt::TabFocusReason);
     EXPECT_NE(button->grab().toImage(), plain);

@@ -92,6 +92,20 @@ void StyledButton::keyReleaseEvent(QKeyEvent* event) {
     QAbstractButton::keyReleaseEvent(event);
 }
 
+bool StyledButton::event(QEvent* event) {
+    const bool handled = QAbstractButton::event(event);
+    if (event->type() == QEvent::KeyPress && hasFocus() && !focusFromKeyboard_) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        // Tab to the only control there is keeps the focus without a new focus event; the
+        // keyboard is in use all the same.
+        if (key == Qt::Key_Tab || key == Qt::Key_Backtab) {
+            focusFromKeyboard_ = true;
+            update();
+        }
+    }
+    return handled;
+}
+
 void StyledButton::focusInEvent(QFocusEvent* event) {
     QAbstractButton::focusInEvent(event);
     const Qt::FocusReason reason = event->reason();

@@ -38,6 +38,7 @@ protected:
     // A press was released: the action goes out unless it is disabled.
     virtual void pressEnded();
 
+    bool event(QEvent* event) override;
     bool hitButton(const QPoint& position) const override;
     void mousePressEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
