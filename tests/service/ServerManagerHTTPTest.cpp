@@ -5,6 +5,9 @@
 #include "service/ServerManagerHTTP.h"
 #include "support/RecordingServerDelegate.h"
 #include "support/ServiceProcess.h"
+#include "support/ServiceRecords.h"
+
+using ServiceRecords::pairValue;
 
 namespace {
 
@@ -19,15 +22,6 @@ QStringList pairsOf(const QJsonObject& record) {
     }
     pairs.sort();
     return pairs;
-}
-
-QString pairValue(const QJsonObject& record, const QString& name) {
-    for (const QJsonValue& pair : record.value("pairs").toArray()) {
-        if (pair["name"].toString() == name) {
-            return pair["value"].toString();
-        }
-    }
-    return {};
 }
 
 class ServerManagerOverLoopback : public testing::Test {
@@ -49,6 +43,15 @@ protected:
     ServiceProcess service;
     RecordingServerDelegate delegate;
     ServerManagerHTTP client;
+};
+
+class ServerManagerAgainstFaults : public ServerManagerOverLoopback {
+protected:
+    ServerManagerAgainstFaults()
+        : ServerManagerOverLoopback({"--fault", "select_all:project=status:404",     //
+                                     "--fault", "select_all:media_type=status:500",  //
+                                     "--fault", "select_all:project_category=type:text/html",
+                                     "--fault", "get_token=status:500,nth:2"}) {}
 };
 
 }  // namespace
@@ -157,4 +160,53 @@ TEST(ServerManagerHTTP, ACallBeforeAnyAddressFailsOnTheNextTurnOfTheEventLoop) {
     EXPECT_FALSE(report.success);
     ASSERT_TRUE(report.error());
     EXPECT_EQ(report.error()->message, ServerManagerHTTP::kNoServiceAddressMessage);
+}
+
+// Refused answers fail with the transport's description; only a failed login request is marked
+// as the server's error, and only an answer replaces the token.
+TEST_F(ServerManagerAgainstFaults, RefusedAnswersFailWithTheTransportsDescription) {
+    ASSERT_TRUE(logIn("bob", "builder").success);
+    client.loadProjectList();
+    client.loadMediaLibraryCategories();
+    client.loadFoldersForProject(std::make_shared<Project>());
+    const QList<QPair<QString, QString>> expected = {
+        {"projects", "Expected status code in (200-299), got 404"},
+        {"categories", "Expected status code in (200-299), got 500"},
+        {"folders",
+         "Expected content type (application/json, text/json, text/javascript), got text/html"},
+    };
+    for (const auto& [method, message] : expected) {
+        SCOPED_TRACE(method.toStdString());
+        const auto report = delegate.waitFor(method);
+        EXPECT_FALSE(report.success);
+        ASSERT_TRUE(report.error());
+        EXPECT_EQ(report.error()->message, message);
+        EXPECT_FALSE(report.error()->isServerError);
+    }
+
+    delegate.reports.clear();
+    const QString token = client.authToken();
+    const auto login = logIn("bob", "builder");
+    EXPECT_FALSE(login.success);
+    ASSERT_TRUE(login.error());
+    EXPECT_EQ(login.error()->message, "Expected status code in (200-299), got 500");
+    EXPECT_TRUE(login.error()->isServerError);
+    EXPECT_EQ(client.authToken(), token);
+}
+
+TEST(ServerManagerHTTP, AddressesOfBothGenerationsSitBelowTheTypedAddress) {
+    ServerManagerHTTP client;
+    const QList<QPair<QString, QString>> schemes = {
+        {"media.example.org/v2", "http://media.example.org/v2/api/main/select_all/"},
+        {"https://secure.example.org/v2", "https://secure.example.org/v2/api/main/select_all/"},
+        {"http://plain.example.org", "http://plain.example.org/api/main/select_all/"},
+    };
+    for (const auto& [address, categories] : schemes) {
+        client.setKBaseUrl(address);
+        EXPECT_EQ(client.addresses().kBaseUrlCategories, categories);
+    }
+    client.setKBaseUrl("media.example.org/site");
+    const QString api = "http://media.example.org/site/api";
+    EXPECT_EQ(client.addresses().kBaseUrlUploadProjectFile, api + "/orvale/put_project_file/");
+    EXPECT_EQ(client.addresses().kBaseUrlUploadMediaLibFile, api + "/orvale/put_media_library/");
 }
