@@ -4,9 +4,16 @@
 
 namespace {
 
+// An answer with one video stream of that size, and the container's duration when given.
+std::string oneVideo(int width, int height, const std::string& duration = {}) {
+    const std::string format = duration.empty() ? "{}" : R"({"duration":")" + duration + "\"}";
+    return R"({"streams":[{"codec_type":"video","width":)" + std::to_string(width) +
+           R"(,"height":)" + std::to_string(height) + R"(}],"format":)" + format + "}";
+}
+
 struct AnswerCase {
     const char* name;
-    const char* answer;
+    std::string answer;
     bool isVideo;
     bool hasDetail;
     double duration;
@@ -24,7 +31,7 @@ class ProbeAnswer : public testing::TestWithParam<AnswerCase> {};
 TEST_P(ProbeAnswer, FillsTheFileRecord) {
     const AnswerCase& c = GetParam();
     File file;
-    VideoProbe::applyAnswer(QByteArray(c.answer), file);
+    VideoProbe::applyAnswer(QByteArray::fromStdString(c.answer), file);
     EXPECT_EQ(file.isVideo, c.isVideo);
     ASSERT_EQ(file.videoDetail != nullptr, c.hasDetail);
     if (c.hasDetail) {
@@ -42,17 +49,11 @@ INSTANTIATE_TEST_SUITE_P(
             R"({"streams":[{"codec_type":"video","width":1920,"height":1080,"duration":"9.0"}],
                        "format":{"duration":"12.345678"}})",
             true, true, 12350, 1920, 1080},
-        AnswerCase{
-            "HalfASecondIsStillTooShort",
-            R"({"streams":[{"codec_type":"video","width":320,"height":180}],"format":{"duration":"0.5"}})",
-            false, true, 500, 320, 180},
-        AnswerCase{
-            "JustOverHalfASecondIsAVideo",
-            R"({"streams":[{"codec_type":"video","width":320,"height":180}],"format":{"duration":"0.51"}})",
-            true, true, 510, 320, 180},
-        AnswerCase{"StillPictureWithoutDuration",
-                   R"({"streams":[{"codec_type":"video","width":64,"height":48}],"format":{}})",
-                   false, true, 0, 64, 48},
+        AnswerCase{"HalfASecondIsStillTooShort", oneVideo(320, 180, "0.5"), false, true, 500, 320,
+                   180},
+        AnswerCase{"JustOverHalfASecondIsAVideo", oneVideo(320, 180, "0.51"), true, true, 510, 320,
+                   180},
+        AnswerCase{"StillPictureWithoutDuration", oneVideo(64, 48), false, true, 0, 64, 48},
         AnswerCase{
             "AudioAndSubtitlesOnly",
             R"({"streams":[{"codec_type":"audio"},{"codec_type":"subtitle"}],"format":{"duration":"30"}})",
@@ -77,9 +78,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST(VideoProbe, AFailedReprobeKeepsTheEarlierDetailButIsNoLongerAVideo) {
     File file;
-    VideoProbe::applyAnswer(
-        R"({"streams":[{"codec_type":"video","width":640,"height":360}],"format":{"duration":"3"}})",
-        file);
+    VideoProbe::applyAnswer(QByteArray::fromStdString(oneVideo(640, 360, "3")), file);
     const VideoDetailPtr earlier = file.videoDetail;
     VideoProbe::applyAnswer("", file);
     EXPECT_FALSE(file.isVideo);
