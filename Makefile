@@ -3,7 +3,7 @@ BUILD_DIR ?= build
 JOBS ?= $(shell nproc)
 SAMPLE_DIR := $(BUILD_DIR)/sample
 
-.PHONY: all deps configure build run test format clean
+.PHONY: all deps configure build run test coverage format clean
 
 all: build
 
@@ -20,6 +20,19 @@ build: configure
 
 test: build
 	ctest --test-dir $(BUILD_DIR) --output-on-failure -j $(JOBS)
+
+# Line and branch coverage of src/ and cli/ from a whole-suite run in a build folder of its own.
+COVERAGE_DIR ?= build-coverage
+coverage: deps
+	cmake -S . -B $(COVERAGE_DIR) -DCMAKE_BUILD_TYPE=Debug \
+	  -DCMAKE_CXX_FLAGS="--coverage -O0 -g" -DCMAKE_EXE_LINKER_FLAGS=--coverage
+	cmake --build $(COVERAGE_DIR) -j $(JOBS) --target orvale_tests orvale_ui_tests
+	find $(COVERAGE_DIR) -name '*.gcda' -delete
+	ctest --test-dir $(COVERAGE_DIR) --output-on-failure -j $(JOBS)
+	gcovr --root . --object-directory $(COVERAGE_DIR) --filter 'src/' --filter 'cli/' \
+	  --exclude-throw-branches --exclude-unreachable-branches --print-summary \
+	  --gcov-ignore-parse-errors -j $(JOBS) \
+	  --txt $(COVERAGE_DIR)/coverage.txt
 
 run: build
 	@scripts/run-sample $(BUILD_DIR)

@@ -10,7 +10,6 @@
 
 #include "support/CliRun.h"
 #include "support/EventLoop.h"
-#include "support/FakeHelper.h"
 #include "support/TestMedia.h"
 
 namespace {
@@ -83,21 +82,6 @@ TEST(EncodeCommand, AnOutputFolderThatCannotBeWrittenStopsTheJobBeforeItStarts) 
                                     ": Not a directory"))
         << result.err.toStdString();
     EXPECT_TRUE(result.out.isEmpty());
-}
-
-TEST(EncodeCommand, AFullDiskStopsTheTranscoderBeforeItsEncodeIsRemoved) {
-    FakeHelper helper;
-    helper.installFullDiskFfmpeg();
-    CliDataHome home;
-    QTemporaryDir dir;
-    const CliRun result =
-        CliRun::run({"encode", "--out", dir.filePath("out"), encodeFolderWith(dir, {"full.mov"})},
-                    home.environment(helper.folder()));
-
-    EXPECT_EQ(result.exitCode, 3) << result.err.toStdString();
-    EXPECT_TRUE(result.err.contains("No space left on device."));
-    EXPECT_FALSE(result.err.contains("still running")) << result.err.toStdString();
-    EXPECT_TRUE(home.encodes().isEmpty());
 }
 
 namespace {

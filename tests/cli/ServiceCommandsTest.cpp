@@ -56,12 +56,6 @@ TEST_F(ServiceCommands, CatalogueListsPrintOneEntryALineWithFoldersAsATree) {
 
 TEST_F(ServiceCommands, CatalogueJsonKeepsTheRecordsFieldsInAFixedOrder) {
     const QList<QPair<QStringList, QString>> cases = {
-        {{"projects", "--json"},
-         "[\n"
-         "  {\"id\": 43, \"name\": \"Alpha\"},\n"
-         "  {\"id\": 42, \"name\": \"beta\"},\n"
-         "  {\"id\": 44, \"name\": \"gamma\"}\n"
-         "]\n"},
         {{"folders", "42", "--json"},
          "[\n"
          "  {\"id\": 101, \"name\": \"A\", \"parentID\": -1, \"depthIndex\": 0},\n"

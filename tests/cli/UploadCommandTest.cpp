@@ -2,7 +2,6 @@
 #include <signal.h>
 
 #include <QDir>
-#include <QFile>
 #include <QJsonArray>
 #include <QJsonObject>
 
@@ -10,24 +9,13 @@
 #include "support/EventLoop.h"
 #include "support/FakeHelper.h"
 #include "support/ServiceProcess.h"
+#include "support/ServiceRecords.h"
 #include "support/TestMedia.h"
 
 using namespace Qt::Literals::StringLiterals;
+using namespace ServiceRecords;
 
 namespace {
-
-QByteArray contentsOf(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-QStringList fieldNames(const QJsonObject& upload) {
-    QStringList names;
-    for (const QJsonValue& field : upload["fields"].toArray()) {
-        names << field.toObject()["name"].toString();
-    }
-    return names;
-}
 
 class UploadCommand : public testing::Test {
 protected:
@@ -68,10 +56,9 @@ TEST_F(UploadCommand, FilesThatPassThroughArriveByteForByteWithTheirFields) {
         EXPECT_TRUE(uploads[i]["problems"].toArray().isEmpty());
         EXPECT_EQ(fieldNames(uploads[i]), (QStringList{"auth_token", "description", "folder_id",
                                                        "output_format", "tags[]", "tags[]"}));
-        const QJsonArray files = uploads[i]["files"].toArray();
-        ASSERT_EQ(files.size(), 1);
-        EXPECT_EQ(files[0].toObject()["field"].toString(), "media_file");
-        EXPECT_EQ(contentsOf(files[0].toObject()["stored"].toString()), contentsOf(sources[i]));
+        ASSERT_EQ(uploads[i]["files"].toArray().size(), 1);
+        EXPECT_EQ(firstFile(uploads[i])["field"].toString(), "media_file");
+        EXPECT_EQ(storedContent(firstFile(uploads[i])), contentsOf(sources[i]));
     }
 }
 
@@ -121,17 +108,30 @@ TEST_F(UploadCommand, LoginFailuresAndUsageErrorsUploadNothing) {
     EXPECT_EQ(service.requests().size(), 1);
 }
 
-TEST_F(UploadCommand, AFullDiskEndsTheUploadWithThreeAndNamesWhatNeverWentUp) {
+// Either job command stops the transcoder before its encode is removed, and ends with 3; an
+// upload names what never went up.
+TEST_F(UploadCommand, AFullDiskEndsEitherJobCommandWithThreeAndLeavesNoEncode) {
     FakeHelper helper;
     helper.installFullDiskFfmpeg();
-    CliDataHome home;
-    const QString clip = TestMedia::copyNamed(TestMedia::video(320, 180, 1), "upload full.mov");
-    const CliRun run = upload({"--json", "--folder", "103", clip}, "bob", "builder",
-                              home.environment(helper.folder()));
-
-    EXPECT_EQ(run.exitCode, 3) << run.err.toStdString();
-    EXPECT_EQ(run.json().object(), (QJsonObject{{"uploaded", 0}, {"failed", QJsonArray{clip}}}));
-    EXPECT_TRUE(home.encodes().isEmpty());
+    const QString clip = TestMedia::copyNamed(TestMedia::video(320, 180, 1), "full disk.mov");
+    for (const bool isUpload : {true, false}) {
+        SCOPED_TRACE(isUpload ? "upload" : "encode");
+        CliDataHome home;
+        const QProcessEnvironment environment = home.environment(helper.folder());
+        const CliRun run =
+            isUpload
+                ? upload({"--json", "--folder", "103", clip}, "bob", "builder", environment)
+                : CliRun::run({"encode", "--out", home.dir.filePath("out"), clip}, environment);
+        EXPECT_EQ(run.exitCode, 3) << run.err.toStdString();
+        EXPECT_FALSE(run.err.contains("still running")) << run.err.toStdString();
+        EXPECT_TRUE(home.encodes().isEmpty());
+        if (isUpload) {
+            EXPECT_EQ(run.json().object(),
+                      (QJsonObject{{"uploaded", 0}, {"failed", QJsonArray{clip}}}));
+        } else {
+            EXPECT_TRUE(run.err.contains("No space left on device."));
+        }
+    }
 }
 
 // A failed batch, and Ctrl-C while a video is being sent: the command has no later retry.

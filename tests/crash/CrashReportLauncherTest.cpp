@@ -12,6 +12,9 @@
 #include "support/EventLoop.h"
 #include "support/ScopedEnvironment.h"
 #include "support/ServiceProcess.h"
+#include "support/ServiceRecords.h"
+
+using namespace ServiceRecords;
 
 namespace {
 
@@ -79,20 +82,6 @@ protected:
         return waitUntil([&] { return m_service.requestsTo("crash_log").size() == count; });
     }
 
-    // Long enough for a request that was wrongly started to arrive.
-    static void settle() {
-        waitUntil([] { return false; }, 300);
-    }
-
-    static QString pair(const QJsonObject& request, const QString& name) {
-        for (const QJsonValue& value : request.value("pairs").toArray()) {
-            if (value.toObject().value("name").toString() == name) {
-                return value.toObject().value("value").toString();
-            }
-        }
-        return {};
-    }
-
     QTemporaryDir m_dir;
     ServiceProcess m_service;
     ScopedEnvironment m_server;
@@ -101,14 +90,6 @@ protected:
     CrashReporter m_crashReporter;
     CrashReportManager m_manager;
 };
-
-QStringList namesOf(const QJsonArray& fields) {
-    QStringList names;
-    for (const QJsonValue& field : fields) {
-        names << field.toObject().value("name").toString();
-    }
-    return names;
-}
 
 }  // namespace
 
@@ -139,23 +120,22 @@ TEST_F(CrashReportLauncherTest, CrashOfARealChildReachesTheServiceAtTheNextStart
              << "applicationVersion"
              << "applicationShortVersion"
              << "date";
-    EXPECT_EQ(namesOf(upload.value("fields").toArray()), expected);
-    const QJsonObject file = upload.value("files").toArray().at(0).toObject();
+    EXPECT_EQ(fieldNames(upload), expected);
+    const QJsonObject file = firstFile(upload);
     EXPECT_TRUE(file.value("filename").toString().startsWith("Orvale_"));
-    QFile stored(file.value("stored").toString());
-    ASSERT_TRUE(stored.open(QIODevice::ReadOnly));
-    EXPECT_TRUE(stored.readAll().contains("Exception Name:  std::runtime_error"));
+    EXPECT_TRUE(storedContent(file).contains("Exception Name:  std::runtime_error"));
 
     const QJsonObject summary = m_service.requestsTo("report_add").value(0);
     EXPECT_EQ(summary.value("status").toInt(), 200);
     EXPECT_EQ(summary.value("problems").toArray(), QJsonArray());
-    const QString description = pair(summary, "description");
+    const QString description = pairValue(summary, "description");
     EXPECT_TRUE(description.startsWith("Crashed on 20")) << description.toStdString();
     EXPECT_TRUE(description.endsWith(
         "\nCrashed with exception: (name:std::runtime_error, reason:the disk is on fire\n"
         "and so is the fan)\nCrashed with signal SIGABRT (code SI_TKILL, address=0x0)"))
         << description.toStdString();
-    EXPECT_EQ(pair(summary, "version"), CrashReportManager::versionOf(ApplicationInfo::current()));
+    EXPECT_EQ(pairValue(summary, "version"),
+              CrashReportManager::versionOf(ApplicationInfo::current()));
     EXPECT_FALSE(m_crashReporter.hasPendingCrashReport());
     // Capture is on again, and as the user agreed to send machine facts, its logs name the host.
     EXPECT_TRUE(m_crashReporter.options().includeHostName);

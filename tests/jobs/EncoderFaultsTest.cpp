@@ -2,15 +2,10 @@
 #include <signal.h>
 
 #include <QFileInfo>
-#include <QTemporaryDir>
 
-#include "jobs/DataManager.h"
-#include "jobs/NotificationNames.h"
-#include "support/EventLoop.h"
 #include "support/FakeHelper.h"
-#include "support/FakePowerAssertion.h"
 #include "support/JobFiles.h"
-#include "support/NotificationLog.h"
+#include "support/JobHarness.h"
 #include "support/TestMedia.h"
 
 using namespace NotificationNames;
@@ -27,8 +22,12 @@ QString fakeFfmpeg(const QString& body) {
         .arg(body);
 }
 
-class EncoderFaults : public testing::Test {
+class EncoderFaults : public testing::Test, protected JobHarness {
 protected:
+    EncoderFaults()
+        : JobHarness({kNotificationDidChangeEncodedPercent,
+                      kNotificationDidOccureProblemWhileEncoding,
+                      kNotificationDidRanOutOfSpaceOnDisk, kNotificationDidFinishUploading}) {}
     void SetUp() override {
         // Probe with the real ffprobe before the stand-in folder takes over.
         files = {probedFile(TestMedia::video(320, 180, 1, true)),
@@ -37,19 +36,12 @@ protected:
     void runWith(const QString& body) {
         helper.install(QStringLiteral("ffmpeg"), fakeFfmpeg(body));
         helpers = std::make_unique<ScopedHelpersDir>(helper.folder());
-        manager.startLocalEncodeForFiles(files, QUrl::fromLocalFile(output.path()));
+        manager.startLocalEncodeForFiles(files, outputUrl());
     }
+    bool waitForTheEnd() { return waitForAny({kNotificationDidFinishUploading}); }
 
     FakeHelper helper;
     std::unique_ptr<ScopedHelpersDir> helpers;
-    NotificationCenter center;
-    FakePowerAssertion power;
-    DataManager manager{center, power};
-    NotificationLog log{
-        center,
-        {kNotificationDidChangeEncodedPercent, kNotificationDidOccureProblemWhileEncoding,
-         kNotificationDidRanOutOfSpaceOnDisk, kNotificationDidFinishUploading}};
-    QTemporaryDir output;
     FileList files;
 };
 
@@ -80,10 +72,10 @@ TEST_F(EncoderFaults, AFullDiskEndsEitherJobOnceAfterTheTranscoderAndItsOutputAr
         if (upload) {
             manager.startUploadProcessForFiles(files, {}, false);
         } else {
-            manager.startLocalEncodeForFiles(files, QUrl::fromLocalFile(output.path()));
+            manager.startLocalEncodeForFiles(files, outputUrl());
         }
         ASSERT_TRUE(waitUntil([&] { return log.count(kNotificationDidRanOutOfSpaceOnDisk) == 1; }));
-        waitUntil([] { return false; }, 300);
+        settle();
 
         EXPECT_EQ(log.count(kNotificationDidRanOutOfSpaceOnDisk), 1);
         EXPECT_EQ(log.count(kNotificationDidFinishUploading) +
@@ -100,7 +92,7 @@ TEST_F(EncoderFaults, AFullDiskEndsEitherJobOnceAfterTheTranscoderAndItsOutputAr
 
 TEST_F(EncoderFaults, AHelperThatCrashesBeforeAnyProgressFailsEachFile) {
     runWith(QStringLiteral("kill -SEGV $$"));
-    ASSERT_TRUE(waitUntil([&] { return log.count(kNotificationDidFinishUploading) == 1; }));
+    ASSERT_TRUE(waitForTheEnd());
     EXPECT_EQ(log.count(kNotificationDidOccureProblemWhileEncoding), 2);
     EXPECT_EQ(manager.failedFiles(), files);
     EXPECT_EQ(power.held, 0);
@@ -110,7 +102,7 @@ TEST_F(EncoderFaults, AProgressLineSplitAcrossReadsStillCounts) {
     runWith(
         QStringLiteral("printf 'frame=25 fps=0.0 q=28.0 size=1kB time=00:00:0'; sleep 0.3\n"
                        "printf '1.00 bitrate=1.0kbits/s speed=1x\\r'\necho encoded > \"$last\""));
-    ASSERT_TRUE(waitUntil([&] { return log.count(kNotificationDidFinishUploading) == 1; }));
+    ASSERT_TRUE(waitForTheEnd());
     EXPECT_EQ(log.count(kNotificationDidOccureProblemWhileEncoding), 0);
     EXPECT_EQ(manager.uploadedFilesCount(), 2);
     EXPECT_EQ(files.first()->videoDetail->encodedSize, 8);
@@ -122,7 +114,7 @@ TEST_F(EncoderFaults, ReachingNinetyPercentOfTheDurationIsEnough) {
     runWith(
         QStringLiteral("case \"$2\" in *320x180*) t=00:00:00.90;; *) t=00:00:00.89;; esac\n"
                        "echo \"frame=1 time=$t bitrate=1k\"; echo x > \"$last\""));
-    ASSERT_TRUE(waitUntil([&] { return log.count(kNotificationDidFinishUploading) == 1; }));
+    ASSERT_TRUE(waitForTheEnd());
     EXPECT_TRUE(files[0]->videoDetail->encodeSuccess);
     EXPECT_FALSE(files[1]->videoDetail->encodeSuccess);
     EXPECT_EQ(manager.failedFiles(), FileList{files[1]});
@@ -133,8 +125,8 @@ TEST_F(EncoderFaults, AMissingHelperFailsEveryFileAndTheJobEndsNormally) {
     ScopedHelpersDir nowhere(empty.folder());
     const QByteArray path = qgetenv("PATH");
     qputenv("PATH", empty.folder().toUtf8());
-    manager.startLocalEncodeForFiles(files, QUrl::fromLocalFile(output.path()));
-    const bool done = waitUntil([&] { return log.count(kNotificationDidFinishUploading) == 1; });
+    manager.startLocalEncodeForFiles(files, outputUrl());
+    const bool done = waitForTheEnd();
     qputenv("PATH", path);
     ASSERT_TRUE(done);
     EXPECT_EQ(log.count(kNotificationDidOccureProblemWhileEncoding), 2);

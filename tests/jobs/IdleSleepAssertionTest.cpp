@@ -1,14 +1,9 @@
 #include <gtest/gtest.h>
 
-#include <QTemporaryDir>
 #include <functional>
 
-#include "jobs/DataManager.h"
-#include "jobs/NotificationNames.h"
-#include "support/EventLoop.h"
-#include "support/FakePowerAssertion.h"
 #include "support/JobFiles.h"
-#include "support/NotificationLog.h"
+#include "support/JobHarness.h"
 #include "support/TestMedia.h"
 
 using namespace NotificationNames;
@@ -18,30 +13,19 @@ namespace {
 // Jobs of both kinds one after the other, each of which must hold the assertion while it runs,
 // end exactly once, and leave none held. Uploads go nowhere (no one is signed in), which ends
 // them as failed batches.
-class IdleSleepAssertion : public testing::Test {
+class IdleSleepAssertion : public testing::Test, protected JobHarness {
 protected:
+    IdleSleepAssertion()
+        : JobHarness({kNotificationDidFinishUploading, kNotificationDidFailUploading}) {}
     void runJob(const std::function<void()>& start) {
         const int endsBefore = ends();
         start();
         EXPECT_EQ(power.held, 1);
         ASSERT_TRUE(waitUntil([&] { return ends() > endsBefore; }, 60000));
-        waitUntil([] { return false; }, 300);
+        settle();
         EXPECT_EQ(ends(), endsBefore + 1);
         EXPECT_EQ(power.held, 0);
     }
-    int ends() const {
-        return log.count(kNotificationDidFinishUploading) +
-               log.count(kNotificationDidFailUploading);
-    }
-    QUrl outputUrl() const { return QUrl::fromLocalFile(output.path()); }
-
-    QTemporaryDir settingsDir;
-    UserDefaultsManager settings{settingsDir.filePath("settings.conf")};
-    NotificationCenter center;
-    FakePowerAssertion power;
-    DataManager manager{center, power, settings};
-    NotificationLog log{center, {kNotificationDidFinishUploading, kNotificationDidFailUploading}};
-    QTemporaryDir output;
 };
 
 }  // namespace
@@ -61,4 +45,7 @@ TEST_F(IdleSleepAssertion, LocalJobWhoseVideosAllFailThenTheUploadThatRetriesItT
         manager.startLocalEncodeForFiles({probedFile(clip)}, outputUrl());
     });
     EXPECT_EQ(power.created, 3);
+    // Each job starts its counts from zero.
+    EXPECT_EQ(manager.uploadedFilesCount(), 1);
+    EXPECT_TRUE(manager.failedFiles().isEmpty());
 }

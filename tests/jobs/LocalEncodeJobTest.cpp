@@ -4,16 +4,11 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QRegularExpression>
-#include <QTemporaryDir>
 
-#include "jobs/DataManager.h"
-#include "jobs/NotificationNames.h"
 #include "platform/WorkFolder.h"
-#include "support/EventLoop.h"
-#include "support/FakePowerAssertion.h"
 #include "support/JobFiles.h"
+#include "support/JobHarness.h"
 #include "support/Mp4Reader.h"
-#include "support/NotificationLog.h"
 #include "support/TestMedia.h"
 
 using namespace NotificationNames;
@@ -25,18 +20,11 @@ const QStringList jobNotifications = {
     kNotificationDidOccureProblemWhileEncoding, kNotificationDidRanOutOfSpaceOnDisk,
     kNotificationDidFinishUploading};
 
-class LocalEncodeJob : public testing::Test {
+class LocalEncodeJob : public testing::Test, protected JobHarness {
 protected:
-    NotificationCenter center;
-    FakePowerAssertion power;
-    DataManager manager{center, power};
-    NotificationLog log{center, jobNotifications};
-    QTemporaryDir output;
+    LocalEncodeJob() : JobHarness(jobNotifications) {}
 
-    QUrl outputUrl() const { return QUrl::fromLocalFile(output.path()); }
-    bool runUntilDone(int timeoutMs = 60000) {
-        return waitUntil([&] { return log.count(kNotificationDidFinishUploading) > 0; }, timeoutMs);
-    }
+    bool runUntilDone() { return waitForAny({kNotificationDidFinishUploading}); }
     QStringList outputNames() const {
         return QDir(output.path()).entryList(QDir::Files, QDir::Name);
     }
@@ -55,7 +43,7 @@ TEST_F(LocalEncodeJob, ThreeVideosAreEncodedMovedAndTheJobCompletesOnce) {
                             probedFile(clipNamed("three-c.mov"))};
     manager.startLocalEncodeForFiles(files, outputUrl());
     ASSERT_TRUE(runUntilDone());
-    waitUntil([] { return false; }, 200);  // anything posted late would show up now
+    settle(200);  // anything posted late would show up now
 
     EXPECT_EQ(log.names().first(), kNotificationIsLocalEncode);
     EXPECT_EQ(log.count(kNotificationDidFinishUploading), 1);
@@ -122,7 +110,7 @@ TEST_F(LocalEncodeJob, ACorruptFileInTheMiddleIsReportedAndTheJobStillCompletesO
 
     manager.startLocalEncodeForFiles(files, outputUrl());
     ASSERT_TRUE(runUntilDone());
-    waitUntil([] { return false; }, 200);
+    settle(200);
 
     EXPECT_EQ(log.count(kNotificationDidOccureProblemWhileEncoding), 1);
     EXPECT_EQ(log.received.at(log.names().indexOf(kNotificationDidOccureProblemWhileEncoding))
@@ -170,7 +158,7 @@ TEST_F(LocalEncodeJob, StoppingInTheSecondOfThreeFilesEndsOnceAndATryAgainFinish
     manager.stopJob([&] { ++stopped; });
     EXPECT_EQ(power.held, 0);
     ASSERT_TRUE(waitUntil([&] { return stopped > 0; }));
-    waitUntil([] { return false; }, 300);
+    settle();
 
     EXPECT_EQ(stopped, 1);
     EXPECT_EQ(log.count(kNotificationDidFinishUploading), 1);
@@ -208,17 +196,4 @@ TEST_F(LocalEncodeJob, AMoveThatFailsMakesAFailedFileWithItsReasonAndLeavesNoEnc
         << file->failureReason.toStdString();
     EXPECT_FALSE(QFileInfo::exists(file->videoDetail->encodedVideoUrl.toLocalFile()));
     EXPECT_EQ(power.held, 0);
-}
-
-TEST_F(LocalEncodeJob, ASecondJobStartsFromZero) {
-    manager.startLocalEncodeForFiles({probedFile(clipNamed("first-job.mov"))}, outputUrl());
-    ASSERT_TRUE(runUntilDone());
-    log.received.clear();
-    const FilePtr text = probedFile(TestMedia::textFile("second-job.txt", "x"));
-    manager.startLocalEncodeForFiles({text}, outputUrl());
-    EXPECT_EQ(manager.uploadedFilesCount(), 0);
-    EXPECT_TRUE(manager.failedFiles().isEmpty());
-    EXPECT_EQ(log.count(kNotificationDidFinishUploading), 1);
-    EXPECT_EQ(power.created, 2);
-    EXPECT_EQ(power.released, 2);
 }

@@ -1,20 +1,11 @@
 #include <gtest/gtest.h>
 
-#include <QFile>
-
 #include "support/RecordingSink.h"
+#include "support/ServiceRecords.h"
 #include "support/SessionHarness.h"
 
 using namespace NotificationNames;
-
-namespace {
-
-QByteArray contentsOf(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-}  // namespace
+using ServiceRecords::contentsOf;
 
 TEST(Session, ASuccessfulLoginMakesTheTempUserTheLoggedInUser) {
     SessionHarness session;
@@ -37,7 +28,6 @@ TEST(Session, ASuccessfulLoginMakesTheTempUserTheLoggedInUser) {
 
 TEST(Session, ARefusedLoginLeavesNoSessionAndDropsThePassword) {
     SessionHarness session;
-    ASSERT_TRUE(session.service.isRunning());
     EXPECT_FALSE(session.logIn("bob", "wrong"));
     const auto error =
         session.waitFor(kNotificationDidFailLoggingIn).object.value<ErrorResponsePtr>();
@@ -52,7 +42,6 @@ TEST(Session, RememberingKeepsSiteAndNameButThePasswordGoesNowhere) {
     for (const bool remember : {true, false}) {
         SCOPED_TRACE(remember);
         SessionHarness session;
-        ASSERT_TRUE(session.service.isRunning());
         ScopedLogRecorder recorder;
         ASSERT_TRUE(session.logIn("alice", "wonder&land=1", remember));
 
@@ -72,7 +61,6 @@ TEST(Session, RememberingKeepsSiteAndNameButThePasswordGoesNowhere) {
 
 TEST(Session, LogoutEndsTheSessionAndLaterCallsGoWithoutToken) {
     SessionHarness session;
-    ASSERT_TRUE(session.service.isRunning());
     ASSERT_TRUE(session.logIn("bob", "builder"));
     session.manager.logout();
     EXPECT_EQ(session.log.count(kNotificationDidFinishLoggingOut), 1);
@@ -90,7 +78,6 @@ TEST(Session, LogoutEndsTheSessionAndLaterCallsGoWithoutToken) {
 
 TEST(Session, TheSecondGenerationFollowsTheSessionsSiteUntilTheNextLogin) {
     SessionHarness session;
-    ASSERT_TRUE(session.service.isRunning());
     ASSERT_TRUE(session.logIn("bob", "builder"));
     session.manager.setIsUsingV2(true);
     session.manager.loadProjectList();

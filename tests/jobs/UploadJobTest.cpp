@@ -1,21 +1,17 @@
 #include <gtest/gtest.h>
 
-#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
-#include <QTemporaryDir>
 
-#include "jobs/DataManager.h"
-#include "jobs/NotificationNames.h"
 #include "service/ServerManagerHTTP.h"
-#include "support/EventLoop.h"
-#include "support/FakePowerAssertion.h"
 #include "support/JobFiles.h"
-#include "support/NotificationLog.h"
+#include "support/JobHarness.h"
 #include "support/ServiceProcess.h"
+#include "support/ServiceRecords.h"
 #include "support/TestMedia.h"
 
 using namespace NotificationNames;
+using namespace ServiceRecords;
 
 namespace {
 
@@ -24,8 +20,9 @@ const QStringList uploadNotifications = {
     kNotificationDidChangeUploadedPercent, kNotificationDidFinishUploading,
     kNotificationDidFailUploading,         kNotificationDidFinishLoggingIn};
 
-class UploadJob : public testing::Test {
+class UploadJob : public testing::Test, protected JobHarness {
 protected:
+    UploadJob() : JobHarness(uploadNotifications) {}
     void start(const QStringList& serviceArguments = {}) {
         service = std::make_unique<ServiceProcess>(serviceArguments);
         ASSERT_TRUE(service->isRunning()) << service->errorString().toStdString();
@@ -37,15 +34,7 @@ protected:
     static FilePtr passThrough(const QString& name, const QByteArray& content) {
         return std::make_shared<File>(QUrl::fromLocalFile(TestMedia::textFile(name, content)));
     }
-    bool waitForEnd() {
-        return waitUntil(
-            [&] {
-                return log.count(kNotificationDidFinishUploading) +
-                           log.count(kNotificationDidFailUploading) >
-                       0;
-            },
-            60000);
-    }
+    bool waitForEnd() { return waitForAny(); }
     QString failureMessage() const {
         for (const Notification& n : log.received) {
             if (n.name == kNotificationDidFailUploading) {
@@ -54,18 +43,7 @@ protected:
         }
         return {};
     }
-    static QByteArray contentOf(const QString& path) {
-        QFile file(path);
-        file.open(QIODevice::ReadOnly);
-        return file.readAll();
-    }
 
-    QTemporaryDir settingsDir;
-    UserDefaultsManager settings{settingsDir.filePath("settings.conf")};
-    NotificationCenter center;
-    FakePowerAssertion power;
-    DataManager manager{center, power, settings};
-    NotificationLog log{center, uploadNotifications};
     std::unique_ptr<ServiceProcess> service;
     const QVariantMap toFolder{
         {"folder", 103}, {"description", "trip"}, {"tags", QStringList{"sea", "sky"}}};
@@ -99,10 +77,10 @@ TEST_F(UploadJob, EncodedAndPassThroughFilesReachTheServiceByteForByte) {
             << QJsonDocument(upload).toJson().toStdString();
     }
     // The pass-through file went first, at once, while the video was encoding.
-    const QJsonObject first = uploads.first().value("files").toArray().first().toObject();
+    const QJsonObject first = firstFile(uploads.first());
     EXPECT_EQ(first.value("filename").toString(), "upload-notes.nfo");
-    EXPECT_EQ(contentOf(first.value("stored").toString()), contentOf(text->path()));
-    const QJsonObject second = uploads.last().value("files").toArray().first().toObject();
+    EXPECT_EQ(storedContent(first), contentsOf(text->path()));
+    const QJsonObject second = firstFile(uploads.last());
     EXPECT_EQ(second.value("filename").toString(), "upload-video.mp4");
     EXPECT_EQ(second.value("size").toDouble(), video->videoDetail->encodedSize);
 }
@@ -136,7 +114,7 @@ TEST_F(UploadJob, TwoVideosOfOneNameEncodeApartAndArriveUnderThatName) {
     const QList<QJsonObject> uploads = service->uploads();
     ASSERT_EQ(uploads.size(), 2);
     for (int i = 0; i < 2; ++i) {
-        const QJsonObject file = uploads[i].value("files").toArray().first().toObject();
+        const QJsonObject file = firstFile(uploads[i]);
         EXPECT_EQ(file.value("filename").toString(), "same.mp4");
         EXPECT_EQ(file.value("size").toDouble(), videos[i]->videoDetail->encodedSize);
     }
@@ -148,7 +126,7 @@ TEST_F(UploadJob, A500OnTheSecondOfThreeStopsTheBatchAndFailsTheRest) {
                             passThrough("f3.txt", "three")};
     manager.startUploadProcessForFiles(files, toFolder, false);
     ASSERT_TRUE(waitForEnd());
-    waitUntil([] { return false; }, 300);
+    settle();
 
     EXPECT_EQ(log.count(kNotificationDidFailUploading), 1);
     EXPECT_EQ(log.count(kNotificationDidFinishUploading), 0);
@@ -214,13 +192,13 @@ TEST_F(UploadJob, TryAgainUploadsAnAlreadyEncodedFileWithoutEncodingItAgain) {
     EXPECT_EQ(service->uploads().size(), 2);
 }
 
-TEST(UploadJobWithoutSession, FailsAtOnceSayingNoOneIsSignedIn) {
-    QTemporaryDir dir;
-    UserDefaultsManager settings(dir.filePath("settings.conf"));
-    NotificationCenter center;
-    FakePowerAssertion power;
-    DataManager manager(center, power, settings);
-    NotificationLog log(center, {kNotificationDidFailUploading});
+class UploadJobWithoutSession : public testing::Test, protected JobHarness {
+protected:
+    UploadJobWithoutSession()
+        : JobHarness({kNotificationDidChangeUploadedBytes, kNotificationDidFailUploading}) {}
+};
+
+TEST_F(UploadJobWithoutSession, FailsAtOnceSayingNoOneIsSignedIn) {
     manager.startUploadProcessForFiles(
         {std::make_shared<File>(QUrl::fromLocalFile(TestMedia::textFile("alone.txt", "x")))}, {},
         false);
@@ -230,20 +208,13 @@ TEST(UploadJobWithoutSession, FailsAtOnceSayingNoOneIsSignedIn) {
     EXPECT_EQ(power.held, 0);
 }
 
-TEST(UploadProgress, TextsComeAtMostOncePer2500000BytesAndAtOnceInALaterJob) {
-    QTemporaryDir dir;
-    UserDefaultsManager settings(dir.filePath("settings.conf"));
-    NotificationCenter center;
-    FakePowerAssertion power;
-    DataManager manager(center, power, settings);
+TEST_F(UploadJobWithoutSession, ProgressTextsComeAtMostOncePer2500000BytesAndAtOnceInALaterJob) {
     manager.setByteLinesToStandardOutput(false);
-    NotificationLog log(center,
-                        {kNotificationDidChangeUploadedBytes, kNotificationDidFailUploading});
     auto textsAfter = [&](int chunks) {
         for (int i = 0; i < chunks; ++i) {
             manager.didWriteBytes(1000000);
         }
-        waitUntil([] { return false; }, 200);
+        settle(200);
         return log.count(kNotificationDidChangeUploadedBytes);
     };
 

@@ -20,10 +20,10 @@ class ProbeRecorder : public EncoderDelegate {
 public:
     void didFinishLoadingDetailsForFile(const FilePtr& file) override {
         reported << file;
-        reportedOnMainThread = QThread::currentThread() == qApp->thread();
+        reportedOnMainThread &= QThread::currentThread() == qApp->thread();
     }
     FileList reported;
-    bool reportedOnMainThread = false;
+    bool reportedOnMainThread = true;  // until a report comes on another thread
 };
 
 FilePtr probe(Encoder& encoder, const QString& path) {
@@ -69,11 +69,7 @@ INSTANTIATE_TEST_SUITE_P(
         ClipCase{"Landscape16x9", [] { return TestMedia::video(640, 360, 1, true); }, true, 640,
                  360},
         ClipCase{"Portrait9x16", [] { return TestMedia::video(360, 640, 1); }, true, 360, 640},
-        ClipCase{"Classic4x3", [] { return TestMedia::video(320, 240, 1); }, true, 320, 240},
         ClipCase{"OddShape", [] { return TestMedia::video(322, 178, 1); }, true, 322, 178},
-        ClipCase{"Square", [] { return TestMedia::video(200, 200, 1); }, true, 200, 200},
-        ClipCase{"FourTenthsOfASecond", [] { return TestMedia::video(160, 90, 0.4); }, false, 160,
-                 90},
         ClipCase{"HalfASecond", [] { return TestMedia::video(160, 90, 0.5); }, false, 160, 90},
         ClipCase{"JustOverHalfASecond", [] { return TestMedia::video(160, 90, 0.51); }, true, 160,
                  90},
@@ -94,20 +90,6 @@ INSTANTIATE_TEST_SUITE_P(
                  },
                  true, 320, 180}),
     [](const testing::TestParamInfo<ClipCase>& info) { return std::string(info.param.name); });
-
-TEST(EncoderProbe, ReportsOnTheMainThreadWhenProbedOnAnother) {
-    Encoder encoder;
-    ProbeRecorder recorder;
-    encoder.setDelegate(&recorder);
-    auto file = std::make_shared<File>(QUrl::fromLocalFile(TestMedia::video(320, 180, 1)));
-    QThread* thread = QThread::create([&] { encoder.loadVideoDetailsForFile(file); });
-    thread->start();
-    ASSERT_TRUE(waitUntil([&] { return !recorder.reported.isEmpty(); }));
-    thread->wait();
-    delete thread;
-    EXPECT_TRUE(recorder.reportedOnMainThread);
-    EXPECT_TRUE(file->isVideo);
-}
 
 TEST(EncoderProbe, AMissingHelperCountsAsAnEmptyAnswerAndIsLoggedOnce) {
     FakeHelper empty;
@@ -165,16 +147,6 @@ TEST(EncoderProbe, UsesTheOlderDurationOptionOnlyWhereTheHelperKnowsIt) {
     }
 }
 
-TEST(EncoderProbe, TheRealHelperIsAskedTheWayItUnderstands) {
-    ScopedLogRecorder log;
-    Encoder encoder;
-    const FilePtr file = probe(encoder, TestMedia::video(320, 180, 1));
-    EXPECT_TRUE(file->isVideo);
-    EXPECT_NEAR(file->videoDetail->duration, 1000, 1e-6);
-    EXPECT_TRUE(log.sink().contains("FFprobe response: {"));
-    EXPECT_TRUE(log.sink().contains("IsVideo: 1"));
-}
-
 namespace {
 
 // Probes that report a one-second video; each also notes its pid.
@@ -195,6 +167,7 @@ FileList probeMany(ProbePool& pool, int count) {
 
 }  // namespace
 
+// Probes run on the pool's threads; their reports come on the main thread.
 TEST(ProbePool, RunsNoMoreThanItsThreadsAtOnceAndTheFirstProbesTogether) {
     // Each probe notes how many run beside it, then waits until three have run at once.
     FakeHelper helper;
@@ -226,6 +199,7 @@ TEST(ProbePool, RunsNoMoreThanItsThreadsAtOnceAndTheFirstProbesTogether) {
     EXPECT_EQ(*std::max_element(together.begin(), together.end()), 3);
     EXPECT_TRUE(
         std::all_of(files.begin(), files.end(), [](const FilePtr& f) { return f->isVideo; }));
+    EXPECT_TRUE(recorder.reportedOnMainThread);
 }
 
 TEST(ProbePool, StoppingKillsTheRunningProbesAndNothingReportsAfterwards) {
@@ -246,7 +220,7 @@ TEST(ProbePool, StoppingKillsTheRunningProbesAndNothingReportsAfterwards) {
     for (const QString& pid : helper.recordedLines()) {
         EXPECT_NE(::kill(pid.toInt(), 0), 0) << "probe " << pid.toStdString() << " still runs";
     }
-    waitUntil([] { return false; }, 200);
+    settle(200);
     EXPECT_TRUE(recorder.reported.isEmpty());
     EXPECT_EQ(helper.recordedLines().size(), 2);  // the third never started
 }

@@ -2,7 +2,6 @@
 
 #include "model/HEX.h"
 #include "model/InvalidColorValueException.h"
-#include "support/QtPrinters.h"
 
 namespace {
 

@@ -12,7 +12,6 @@
 #include "model/Folder.h"
 #include "model/MediaLibraryCategory.h"
 #include "model/Project.h"
-#include "support/QtPrinters.h"
 
 namespace {
 

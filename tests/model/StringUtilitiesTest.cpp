@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include "model/Contains.h"
-#include "support/QtPrinters.h"
 #include "model/TrimmingAdditions.h"
 
 namespace {

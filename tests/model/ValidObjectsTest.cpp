@@ -5,7 +5,6 @@
 #include <QJsonObject>
 #include <limits>
 
-#include "support/QtPrinters.h"
 #include "model/ValidObjects.h"
 
 namespace {

@@ -22,12 +22,7 @@ private:
 
 }  // namespace
 
-TEST_F(UserDefaultsManagerTest, AFirstRunReadsNothingSet) {
-    const UserDefaultsManager defaults(settingsFile());
-    EXPECT_FALSE(defaults.shouldUseV2());
-    EXPECT_FALSE(defaults.uid().has_value());
-}
-
+// Reading what is stored, or nothing, is the session's and the maker site's tests' to show.
 TEST_F(UserDefaultsManagerTest, EachChangeReachesTheDiskAndTheNextRun) {
     for (const bool value : {true, false, true}) {
         SCOPED_TRACE(value);
@@ -39,15 +34,4 @@ TEST_F(UserDefaultsManagerTest, EachChangeReachesTheDiskAndTheNextRun) {
 
         EXPECT_EQ(UserDefaultsManager(settingsFile()).shouldUseV2(), value);
     }
-}
-
-TEST_F(UserDefaultsManagerTest, ReadsValuesSetFromOutside) {
-    {
-        QSettings outside(settingsFile(), QSettings::IniFormat);
-        outside.setValue(QStringLiteral("shouldUseV2"), true);
-        outside.setValue(QStringLiteral("uid"), QStringLiteral("a1b2"));
-    }
-    const UserDefaultsManager defaults(settingsFile());
-    EXPECT_TRUE(defaults.shouldUseV2());
-    EXPECT_EQ(defaults.uid(), QStringLiteral("a1b2"));
 }

@@ -42,10 +42,6 @@ protected:
     QStringList completed;
 };
 
-void settle() {
-    waitUntil([] { return false; }, 300);
-}
-
 }  // namespace
 
 TEST_F(HttpBatchQueueTest, RunsRequestsStrictlyOneAtATimeInOrderAcrossBatches) {

@@ -30,13 +30,6 @@ void ServerState::log(std::string event) {
     events.push_back(std::move(event));
 }
 
-void HttpServerFixture::SetUpTestSuite() {
-    // Nothing may leave the machine, not even through a proxy set in the environment.
-    for (const char* name : {"http_proxy", "https_proxy", "all_proxy", "ALL_PROXY"}) {
-        qunsetenv(name);
-    }
-}
-
 void HttpServerFixture::TearDown() {
     transport.reset();
     {

@@ -37,7 +37,6 @@ struct ServerState {
 //   POST /discard                         reads and forgets the body
 class HttpServerFixture : public testing::Test {
 protected:
-    static void SetUpTestSuite();
     void TearDown() override;
 
     static bool onMainThread();

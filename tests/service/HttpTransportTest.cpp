@@ -15,15 +15,6 @@
 
 using HttpTransportTest = HttpServerFixture;
 
-namespace {
-
-// Spins the event loop for a while, for checks that something does not happen.
-void settle(int ms = 300) {
-    waitUntil([] { return false; }, ms);
-}
-
-}  // namespace
-
 TEST_F(HttpTransportTest, JsonAnswersNeedASuccessStatusAJsonTypeAndJsonText) {
     struct Case {
         const char* path;
@@ -54,6 +45,7 @@ TEST_F(HttpTransportTest, LoopbackRequestsBypassAProxyNamedInTheEnvironment) {
     EXPECT_EQ(fetch(HttpRequest::get(server.url("/json"))).status, 200);
 }
 
+// Which answers count and what failures say is evaluate()'s, above; here the hand-over.
 TEST_F(HttpTransportTest, JsonRequestsHandTheParsedValueToTheMainThread) {
     std::optional<QJsonValue> token;
     JsonRequest::start(*transport, HttpRequest::get(server.url("/json")),
@@ -62,17 +54,8 @@ TEST_F(HttpTransportTest, JsonRequestsHandTheParsedValueToTheMainThread) {
                            token = value["root"]["api_token"];
                        },
                        {});
-    std::optional<QJsonValue> nothing;
-    JsonRequest::start(*transport, HttpRequest::get(server.url("/space")),
-                       [&](const QJsonValue& value) { nothing = value; }, {});
-    std::optional<QString> failure;
-    JsonRequest::start(*transport, HttpRequest::get(server.url("/status/404")), {},
-                       [&](const QString& description) { failure = description; });
-
-    ASSERT_TRUE(waitUntil([&] { return token && nothing && failure; }));
+    ASSERT_TRUE(waitUntil([&] { return token.has_value(); }));
     EXPECT_EQ(token->toString(), "t");
-    EXPECT_TRUE(nothing->isUndefined());
-    EXPECT_EQ(*failure, "Expected status code in (200-299), got 404");
 }
 
 TEST_F(HttpTransportTest, TransportFailuresCarryLibcurlsDescription) {
