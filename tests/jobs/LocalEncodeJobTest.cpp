@@ -24,7 +24,9 @@ class LocalEncodeJob : public testing::Test, protected JobHarness {
 protected:
     LocalEncodeJob() : JobHarness(jobNotifications) {}
 
-    bool runUntilDone() { return waitForAny({kNotificationDidFinishUploading}); }
+    bool runUntilDone(int timeoutMs = 60000) {
+        return waitForAny({kNotificationDidFinishUploading}, timeoutMs);
+    }
     QStringList outputNames() const {
         return QDir(output.path()).entryList(QDir::Files, QDir::Name);
     }
