@@ -43,6 +43,7 @@ void ServerManagerHTTP::didFinishLoadingUpdateInfo(const QJsonValue& answer) {
     }
     if (CompareToVersion::isNewerThanVersion(remote, ApplicationInfo::current().shortVersion)) {
         LOG_VERBOSE("newVersionAvailable");
+        newVersion_ = remote;
         NotificationCenter::defaultCenter().post(MakerSite::kNotificationNewVersionAvailable,
                                                  QVariant::fromValue(this));
     }
