@@ -3,7 +3,7 @@ BUILD_DIR ?= build
 JOBS ?= $(shell nproc)
 SAMPLE_DIR := $(BUILD_DIR)/sample
 
-.PHONY: all deps configure build run test format clean
+.PHONY: all deps configure build run test package format clean
 
 all: build
 
@@ -20,6 +20,11 @@ build: configure
 
 test: build
 	ctest --test-dir $(BUILD_DIR) --output-on-failure -j $(JOBS)
+
+# A Debian package (build/orvale_VERSION_ARCH.deb) whose desktop files have passed their checks.
+package: build
+	ctest --test-dir $(BUILD_DIR) --output-on-failure -R '^(desktop_entry|metainfo)_valid$$'
+	cd $(BUILD_DIR) && cpack
 
 run: build
 	@scripts/run-sample $(BUILD_DIR)
