@@ -7,6 +7,7 @@
 #include <QToolButton>
 
 #include "platform/ApplicationInfo.h"
+#include "platform/NotificationCenter.h"
 #include "service/ServerManagerHTTP.h"
 #include "support/ScopedEnvironment.h"
 #include "support/ScreenHarness.h"
