@@ -3,7 +3,7 @@ BUILD_DIR ?= build
 JOBS ?= $(shell nproc)
 SAMPLE_DIR := $(BUILD_DIR)/sample
 
-.PHONY: all deps configure build run test coverage format clean
+.PHONY: all deps configure build run test coverage package format clean
 
 all: build
 
@@ -33,6 +33,11 @@ coverage: deps
 	  --exclude-throw-branches --exclude-unreachable-branches --print-summary \
 	  --gcov-ignore-parse-errors -j $(JOBS) \
 	  --txt $(COVERAGE_DIR)/coverage.txt
+
+# A Debian package (build/orvale_VERSION_ARCH.deb) whose desktop files have passed their checks.
+package: build
+	ctest --test-dir $(BUILD_DIR) --output-on-failure -R '^(desktop_entry|metainfo)_valid$$'
+	cd $(BUILD_DIR) && cpack
 
 run: build
 	@scripts/run-sample $(BUILD_DIR)

@@ -1,8 +1,8 @@
 #include "JobCommand.h"
 
 #include "ConsoleOutput.h"
-#include "InterruptWatcher.h"
 #include "jobs/DataManager.h"
+#include "platform/InterruptWatcher.h"
 
 JobCommand::~JobCommand() = default;
 

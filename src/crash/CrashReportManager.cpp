@@ -43,6 +43,10 @@ QString CrashReportManager::versionOf(const ApplicationInfo& application) {
 
 void CrashReportManager::sendCrashReport(const CrashReportRecord& record) {
     const QString url = CrashReportSettings(m_settings).reportAddURL();
+    if (url.isEmpty()) {
+        LOG_INFO("No crash-report server is configured: the crash record is not sent");
+        return;
+    }
     const QVariantMap pairs{{QStringLiteral("description"), descriptionOf(record)},
                             {QStringLiteral("version"), versionOf(m_application)}};
     LOG_VERBOSE("Sending the crash record to {}", url);

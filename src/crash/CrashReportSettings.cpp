@@ -1,10 +1,11 @@
 #include "crash/CrashReportSettings.h"
 
+#include "BuildInfo.h"
 #include "platform/Log.h"
 
 const ConfiguredHost& CrashReportSettings::crashServer() {
     static const ConfiguredHost host{"ORVALE_CRASH_SERVER", QStringLiteral("CrashReportServerHost"),
-                                     QStringLiteral("crashreports.brightfold.com")};
+                                     QLatin1String(BuildInfo::crashServerHost)};
     return host;
 }
 
@@ -18,7 +19,8 @@ QString CrashReportSettings::submissionURL() const {
 }
 
 QString CrashReportSettings::reportAddURL() const {
-    return ConfiguredHost::address(crashServerHost(), kReportAddPath);
+    const QString host = crashServerHost();
+    return host.isEmpty() ? QString() : ConfiguredHost::address(host, kReportAddPath);
 }
 
 std::optional<QDateTime> CrashReportSettings::lastCrashReportDate() const {

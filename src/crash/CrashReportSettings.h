@@ -11,8 +11,9 @@
 // asked for, so that a value changed by hand takes effect at the next start.
 //
 // The crash-report server's host is configuration like the maker's site: $ORVALE_CRASH_SERVER,
-// then "CrashReportServerHost", then this build's default. It receives the in-process summaries
-// and, unless "PellCrashReporterCrashSubmissionURL" names another address, the crash logs too.
+// then "CrashReportServerHost", then this build's default (none unless the build was told one).
+// It receives the in-process summaries and, unless "PellCrashReporterCrashSubmissionURL" names
+// another address, the crash logs too. Where no address results, nothing is sent.
 class CrashReportSettings {
 public:
     static inline const QString kSubmissionURLKey =
@@ -33,8 +34,10 @@ public:
     explicit CrashReportSettings(QSettings& settings) : m_settings(settings) {}
 
     QString crashServerHost() const { return crashServer().resolve(m_settings); }
-    // The stored address, else the crash-log path on the crash-report server.
+    // The stored address, else the crash-log path on the crash-report server; empty when
+    // neither is configured.
     QString submissionURL() const;
+    // Empty when no crash-report server is configured.
     QString reportAddURL() const;
 
     std::optional<QDateTime> lastCrashReportDate() const;

@@ -104,5 +104,6 @@ bool CrashReporter::enableCrashReporter(QString* error) {
     }
     LOG_VERBOSE("Crash capture on: records to {}, crash logs to {}", pendingRecordPath(),
                 m_options.crashLogDirectory);
+    m_enabled = true;
     return true;
 }

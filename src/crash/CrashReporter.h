@@ -47,6 +47,9 @@ public:
     // given, when the process runs on without crash capture.
     bool enableCrashReporter(QString* error = nullptr);
 
+    // Whether enableCrashReporter() has switched capture on through this reporter.
+    bool isEnabled() const { return m_enabled; }
+
     QString pendingRecordPath() const;
     const Options& options() const { return m_options; }
     // Takes effect at the next enableCrashReporter().
@@ -54,4 +57,5 @@ public:
 
 private:
     Options m_options;
+    bool m_enabled = false;
 };

@@ -3,7 +3,6 @@
 #include <QDir>
 #include <QDirIterator>
 #include <QFileInfo>
-#include <stdexcept>
 
 #include "crash/CrashPaths.h"
 #include "platform/Log.h"
@@ -56,10 +55,8 @@ QDateTime PellCrashReporter::lastCrashReportDate() {
 bool PellCrashReporter::checkForNewCrashes() {
     const QString submissionURL = m_settings.submissionURL();
     if (submissionURL.isEmpty()) {
-        LOG_ERROR("{}: {}", kMissingSubmissionURL, kMissingSubmissionURLReason);
-        throw std::runtime_error(
-            (kMissingSubmissionURL + QStringLiteral(": ") + kMissingSubmissionURLReason)
-                .toStdString());
+        LOG_INFO("No crash-report server is configured: crash logs are not sent");
+        return false;
     }
     const QDateTime lastDate = lastCrashReportDate();
     // The oldest new log goes first: the stored date then moves on to its time, and the logs

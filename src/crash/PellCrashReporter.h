@@ -27,19 +27,13 @@ public:
         static Options defaults();
     };
 
-    static inline const QString kMissingSubmissionURL =
-        QStringLiteral("Missing PellCrashReporterCrashSubmissionURL");
-    static inline const QString kMissingSubmissionURLReason = QStringLiteral(
-        "You must specify the URL for crash log submission as the "
-        "PellCrashReporterCrashSubmissionURL in either Info.plist or the user defaults!");
-
     PellCrashReporter(QSettings& settings, NotificationCenter& center, Options options,
                       QObject* parent = nullptr);
     ~PellCrashReporter() override;
 
     // True when a crash log is on its way; "QVCrashReportSenderFinished" follows once it has
-    // been answered. Throws std::runtime_error when no submission address is configured at all:
-    // a build without one is broken, and the start should say so.
+    // been answered. Without a submission address nothing is looked at or sent: the build and
+    // the user named no one to send crash logs to.
     bool checkForNewCrashes();
 
     // The first candidate directory that exists, or none.

@@ -10,15 +10,22 @@ QString Paths::libraryFolder() {
 }
 
 QString Paths::workFolder() {
-    return QDir(libraryFolder()).filePath(QStringLiteral("Containers/%1").arg(QLatin1String(BuildInfo::bundleIdentifier)));
+    return QDir(libraryFolder())
+        .filePath(QStringLiteral("Containers/%1").arg(QLatin1String(BuildInfo::bundleIdentifier)));
 }
 
 QString Paths::logFolder() {
-    return QDir(libraryFolder()).filePath(QStringLiteral("Logs/%1").arg(QLatin1String(BuildInfo::applicationName)));
+    return QDir(libraryFolder())
+        .filePath(QStringLiteral("Logs/%1").arg(QLatin1String(BuildInfo::applicationName)));
 }
 
 QString Paths::cacheFolder() {
     return QDir(QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation))
+        .filePath(QLatin1String(BuildInfo::applicationName));
+}
+
+QString Paths::runtimeFolder() {
+    return QDir(QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation))
         .filePath(QLatin1String(BuildInfo::applicationName));
 }
 

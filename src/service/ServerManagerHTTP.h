@@ -77,9 +77,12 @@ public:
     void stopUploading();
 
     // The maker's site (ServerManagerHTTPSite.cpp). Outcomes are the notifications of
-    // MakerSite.h, not delegate calls; failures are only logged.
+    // MakerSite.h, not delegate calls; failures are only logged. Without a maker's site
+    // configured, neither asks anything; an info line in the log says so.
     void getUpdateVersionInfo();
     void postAdsRequest(const QString& identifier);
+    // The version the last "kNotificationNewVersionAvailable" announced.
+    const QString& newVersion() const { return newVersion_; }
 
 private:
     template <typename Value>
@@ -128,6 +131,7 @@ private:
     bool hasSession() const;
 
     ServerDelegate* delegate_ = nullptr;
+    QString newVersion_;
     ServiceAddresses addresses_;
     ErrorResponsePtr error_;
     UploadBatch batch_;

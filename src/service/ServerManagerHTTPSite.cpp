@@ -10,10 +10,26 @@
 #include "service/MakerSite.h"
 #include "service/ServerManagerHTTP.h"
 
+namespace {
+
+// Whether the site may be asked; a build and settings without a host contact nobody.
+bool siteConfigured(const MakerSite& site, const char* what) {
+    if (!site.hasHost()) {
+        LOG_INFO("No maker's site is configured: {} is not made", what);
+    }
+    return site.hasHost();
+}
+
+}  // namespace
+
 void ServerManagerHTTP::getUpdateVersionInfo() {
     LOG_VERBOSE("getUpdateVersionInfo");
+    const MakerSite site = MakerSite::current();
+    if (!siteConfigured(site, "the update check")) {
+        return;
+    }
     startJsonRequest(
-        requestWithURL(MakerSite::current().versionDocumentURL()),
+        requestWithURL(site.versionDocumentURL()),
         [this](const QJsonValue& answer) { didFinishLoadingUpdateInfo(answer); },
         [this](const QString& description) { didFailLoadingUpdateInfo(description); });
 }
@@ -27,6 +43,7 @@ void ServerManagerHTTP::didFinishLoadingUpdateInfo(const QJsonValue& answer) {
     }
     if (CompareToVersion::isNewerThanVersion(remote, ApplicationInfo::current().shortVersion)) {
         LOG_VERBOSE("newVersionAvailable");
+        newVersion_ = remote;
         NotificationCenter::defaultCenter().post(MakerSite::kNotificationNewVersionAvailable,
                                                  QVariant::fromValue(this));
     }
@@ -37,8 +54,12 @@ void ServerManagerHTTP::didFailLoadingUpdateInfo(const QString& description) {
 }
 
 void ServerManagerHTTP::postAdsRequest(const QString& identifier) {
+    const MakerSite site = MakerSite::current();
+    if (!siteConfigured(site, "the promotional request")) {
+        return;
+    }
     const auto body = actionStringFromDictionary(QVariantMap{{QStringLiteral("uid"), identifier}});
-    HttpRequest request = requestWithURL(MakerSite::current().adURL(), "POST", std::nullopt, body);
+    HttpRequest request = requestWithURL(site.adURL(), "POST", std::nullopt, body);
     LOG_VERBOSE("Loading ad data");
     startJsonRequest(
         std::move(request), [this](const QJsonValue& answer) { didFinishLoadingAdData(answer); },

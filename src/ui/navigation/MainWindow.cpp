@@ -6,11 +6,13 @@
 #include "ui/controls/ImageSet.h"
 #include "ui/navigation/NavigationViewController.h"
 #include "ui/navigation/TitleStrip.h"
+#include "ui/navigation/UpdateBar.h"
 
 MainWindow::MainWindow(QWidget* parent)
     : QMainWindow(parent),
       navigationViewController_(new NavigationViewController(this)),
-      titleStrip_(new TitleStrip(kContentSize.width())) {
+      titleStrip_(new TitleStrip(kContentSize.width())),
+      updateBar_(new UpdateBar) {
     setWindowTitle(QStringLiteral("Orvale"));
     setWindowIcon(ImageSet::icon(QStringLiteral("orvale_app_icon.png")));
 
@@ -19,6 +21,7 @@ MainWindow::MainWindow(QWidget* parent)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addWidget(titleStrip_);
+    layout->addWidget(updateBar_);
     M3NavigationView* navigationView = navigationViewController_->navigationView();
     navigationView->setFixedSize(kContentSize);
     // Screens are white; so is the content while a screen slides in.

@@ -1,4 +1,4 @@
-#include "InterruptWatcher.h"
+#include "platform/InterruptWatcher.h"
 
 #include <sys/socket.h>
 #include <unistd.h>
@@ -16,7 +16,10 @@ void onSignal(int) {
 
 }  // namespace
 
-InterruptWatcher::InterruptWatcher(QObject* parent) : QObject(parent) {
+InterruptWatcher::InterruptWatcher(QObject* parent) : InterruptWatcher({SIGINT, SIGTERM}, parent) {}
+
+InterruptWatcher::InterruptWatcher(QList<int> signalNumbers, QObject* parent)
+    : QObject(parent), signalNumbers_(std::move(signalNumbers)) {
     if (signalPipe[0] < 0 && ::socketpair(AF_UNIX, SOCK_STREAM, 0, signalPipe) != 0) {
         return;
     }
@@ -30,11 +33,13 @@ InterruptWatcher::InterruptWatcher(QObject* parent) : QObject(parent) {
     action.sa_handler = onSignal;
     sigemptyset(&action.sa_mask);
     action.sa_flags = SA_RESTART;
-    sigaction(SIGINT, &action, nullptr);
-    sigaction(SIGTERM, &action, nullptr);
+    for (const int number : signalNumbers_) {
+        sigaction(number, &action, nullptr);
+    }
 }
 
 InterruptWatcher::~InterruptWatcher() {
-    signal(SIGINT, SIG_DFL);
-    signal(SIGTERM, SIG_DFL);
+    for (const int number : signalNumbers_) {
+        signal(number, SIG_DFL);
+    }
 }

@@ -1,0 +1,5 @@
+#include "app/RootScreen.h"
+
+#include "ui/navigation/BaseViewController.h"
+
+BaseViewController* makeRootScreen() { return BaseViewController::create<BaseViewController>(); }

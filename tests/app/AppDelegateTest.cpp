@@ -1,0 +1,201 @@
+#include <gtest/gtest.h>
+
+#include <QDirIterator>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QProcess>
+#include <QPushButton>
+#include <QTemporaryDir>
+
+#include "app/AppDelegate.h"
+#include "jobs/DataManager.h"
+#include "platform/WorkFolder.h"
+#include "support/EventLoop.h"
+#include "support/FakePowerAssertion.h"
+#include "support/JobFiles.h"
+#include "support/RecordingSink.h"
+#include "support/ScopedEnvironment.h"
+#include "support/ServiceProcess.h"
+
+namespace {
+
+class RefusedPowerAssertion : public FakePowerAssertion {
+public:
+    int create(const QString& name, quint32& handle) override {
+        FakePowerAssertion::create(name, handle);
+        return 1;
+    }
+};
+
+// One launch of the application with its own settings, crash folders and job manager; quitting
+// ends no event loop but is counted.
+class LaunchedApp : public testing::Test {
+protected:
+    ~LaunchedApp() override { AppDelegateInterface::setApplicationDelegate(nullptr); }
+
+    void launch(PowerAssertion& assertion) {
+        delegate = std::make_unique<AppDelegate>(
+            AppDelegate::Parts{manager,
+                               center,
+                               assertion,
+                               {settings,
+                                center,
+                                crashReporter,
+                                crashReports,
+                                {{crashLogs()}, ApplicationInfo::current()}},
+                               QString(),
+                               QDBusConnection(QStringLiteral("no bus")),
+                               [this] { ++quits; }});
+        AppDelegateInterface::setApplicationDelegate(delegate.get());
+        delegate->applicationDidFinishLaunching();
+    }
+    void launch() { launch(power); }
+
+    QString crashLogs() const { return dir.filePath("DiagnosticReports"); }
+    CrashReporter::Options reporterOptions() const {
+        CrashReporter::Options options = CrashReporter::Options::defaults();
+        options.pendingRecordFolder = dir.filePath("pending");
+        options.crashLogDirectory = crashLogs();
+        return options;
+    }
+
+    static QStringList encodesInWorkFolder() {
+        QStringList files;
+        QDirIterator it(WorkFolder::current().processFolder(), QDir::Files,
+                        QDirIterator::Subdirectories);
+        while (it.hasNext()) {
+            files << it.next();
+        }
+        return files;
+    }
+
+    static void answer(QMessageBox* alert, const QString& text) {
+        for (QAbstractButton* button : alert->buttons()) {
+            if (button->text() == text) {
+                button->click();
+                return;
+            }
+        }
+        ADD_FAILURE() << "no button " << text.toStdString();
+    }
+
+    QTemporaryDir dir;
+    QSettings settings{dir.filePath("settings.ini"), QSettings::IniFormat};
+    NotificationCenter center;
+    FakePowerAssertion power;
+    DataManager manager{center, power};
+    CrashReporter crashReporter{reporterOptions()};
+    CrashReportManager crashReports{settings};
+    int quits = 0;
+    std::unique_ptr<AppDelegate> delegate;
+};
+
+QAction* quitAction(MainWindow& window) {
+    for (QAction* menu : window.menuBar()->actions()) {
+        for (QAction* action : menu->menu()->actions()) {
+            if (action->shortcut() == QKeySequence(QKeySequence::Quit)) {
+                return action;
+            }
+        }
+    }
+    return nullptr;
+}
+
+}  // namespace
+
+TEST_F(LaunchedApp, QuitAsksEveryTimeNoKeepsTheJobAndYesRemovesItsUnfinishedEncode) {
+    launch();
+    QTemporaryDir output;
+    const FilePtr clip =
+        probedFile(TestMedia::copyNamed(TestMedia::video(960, 540, 30, true), "quit-flow.mov"));
+    ASSERT_TRUE(
+        manager.startLocalEncodeForFiles({clip}, QUrl::fromLocalFile(output.path())).isEmpty());
+    ASSERT_TRUE(waitUntil([] { return !encodesInWorkFolder().isEmpty(); }, 30000));
+
+    EXPECT_FALSE(delegate->applicationShouldTerminate());
+    QMessageBox* alert = delegate->quitConfirmation();
+    ASSERT_NE(alert, nullptr);
+    EXPECT_EQ(alert->text(), "Do you really want to exit Orvale?");
+    ASSERT_EQ(alert->buttons().size(), 2);
+    EXPECT_EQ(alert->windowModality(), Qt::WindowModal);
+    answer(alert, "No");
+    EXPECT_FALSE(delegate->applicationCanTerminate());
+    EXPECT_TRUE(manager.isEncoding());
+
+    // Ctrl+Q and the window's close button ask again.
+    QAction* quit = quitAction(*delegate->window());
+    ASSERT_NE(quit, nullptr);
+    quit->trigger();
+    ASSERT_NE(delegate->quitConfirmation(), nullptr);
+    answer(delegate->quitConfirmation(), "No");
+    delegate->window()->close();
+    EXPECT_TRUE(delegate->window()->isVisible());
+    ASSERT_NE(delegate->quitConfirmation(), nullptr);
+    EXPECT_EQ(quits, 0);
+
+    answer(delegate->quitConfirmation(), "Yes");
+    EXPECT_TRUE(delegate->applicationCanTerminate());
+    EXPECT_EQ(quits, 1);
+    EXPECT_TRUE(waitUntil([] { return encodesInWorkFolder().isEmpty(); }));
+    EXPECT_TRUE(QDir(output.path()).isEmpty());
+}
+
+TEST_F(LaunchedApp, WillSleepStopsUploadsOnlyWhenTheAssertionWasTaken) {
+    RefusedPowerAssertion refused;
+    launch(refused);
+    ScopedLogRecorder recorder;
+    delegate->receiveSleepNote("PrepareForSleep");
+    EXPECT_TRUE(recorder.sink().contains("receiveSleepNote: PrepareForSleep"));
+    EXPECT_FALSE(recorder.sink().contains("stopUploading"));
+    EXPECT_EQ(refused.released, 0);
+
+    launch(power);
+    ScopedLogRecorder granted;
+    delegate->receiveSleepNote("PrepareForSleep");
+    EXPECT_TRUE(granted.sink().contains("stopUploading"));
+    EXPECT_EQ(power.lastName, "Describe Activity Type");
+    EXPECT_EQ(power.held, 0);
+}
+
+TEST_F(LaunchedApp, ALaunchWithoutANewCrashLogLeavesCaptureOffAndTheRecordWaiting) {
+    QDir().mkpath(reporterOptions().pendingRecordFolder);
+    QFile record(crashReporter.pendingRecordPath());
+    ASSERT_TRUE(record.open(QIODevice::WriteOnly));
+    record.write("a record of an earlier crash");
+    record.close();
+
+    launch();
+    waitUntil([] { return false; }, 300);
+    EXPECT_FALSE(crashReporter.isEnabled());
+    EXPECT_TRUE(crashReporter.hasPendingCrashReport());
+}
+
+TEST_F(LaunchedApp, ACrashOfThePreviousRunReachesTheServerOnBothChannels) {
+    ServiceProcess service;
+    ASSERT_TRUE(service.isRunning()) << service.errorString().toStdString();
+    ScopedEnvironment server("ORVALE_CRASH_SERVER", service.host().toUtf8());
+    settings.setValue(CrashReportSettings::kLastCrashReportDateKey,
+                      QDateTime::currentDateTimeUtc().addDays(-1));
+    QProcess child;
+    child.start(ORVALE_CRASH_CHILD_PATH,
+                {"uncaught-exception", reporterOptions().pendingRecordFolder, crashLogs()});
+    ASSERT_TRUE(child.waitForFinished(30000));
+    ASSERT_EQ(child.exitStatus(), QProcess::CrashExit);
+
+    launch();
+    ASSERT_TRUE(waitUntil([&] { return service.requestsTo("report_add").size() == 1; }))
+        << service.diagnostics().toStdString();
+    EXPECT_EQ(service.requestsTo("crash_log").size(), 1);
+    EXPECT_TRUE(crashReporter.isEnabled());
+    EXPECT_FALSE(crashReporter.hasPendingCrashReport());
+}
+
+TEST_F(LaunchedApp, ALaterStartBringsTheWindowBackWithItsFiles) {
+    launch();
+    delegate->window()->hide();
+    ScopedLogRecorder recorder;
+    delegate->applicationShouldHandleReopen({"/videos/a.mov", "/videos/b.mov"});
+    EXPECT_TRUE(delegate->window()->isVisible());
+    EXPECT_TRUE(
+        recorder.sink().contains("Files for the root screen: /videos/a.mov, /videos/b.mov"));
+}
