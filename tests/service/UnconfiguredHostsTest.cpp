@@ -40,11 +40,6 @@ private:
     QTcpServer server_;
 };
 
-// Long enough for a request that was wrongly started to arrive.
-void settle() {
-    waitUntil([] { return false; }, 300);
-}
-
 class UnconfiguredHosts : public testing::Test {
 protected:
     OutsideWorld world;
