@@ -1,9 +1,9 @@
 #include <QApplication>
 
 #include "platform/Log.h"
-#include "ui/navigation/BaseViewController.h"
 #include "ui/navigation/NavigationViewController.h"
 #include "ui/navigation/WindowAppDelegate.h"
+#include "ui/screens/LocalEncodeViewController.h"
 
 int main(int argc, char** argv) {
     QApplication app(argc, argv);
@@ -11,11 +11,11 @@ int main(int argc, char** argv) {
     QApplication::setApplicationName(QStringLiteral("Orvale"));
     Log::setUp({.directory = {}, .consoleLevel = Log::Level::Warning, .consoleEnabled = true});
 
-    // Until the application delegate arrives: the window with an empty root screen.
+    // Until the application delegate arrives: the window with the root screen.
     WindowAppDelegate delegate;
     AppDelegateInterface::setApplicationDelegate(&delegate);
     delegate.navigationViewController()->setViewController(
-        BaseViewController::create<BaseViewController>());
+        BaseViewController::create<LocalEncodeViewController>());
     delegate.window()->show();
 
     const int status = QApplication::exec();

@@ -31,6 +31,11 @@ public:
     explicit MakerSite(QString host) : m_host(std::move(host)) {}
 
     const QString& host() const { return m_host; }
+    // Whether there is a site to ask at all: a build or user may name none ("none" or nothing),
+    // and then nothing is fetched from it and no page of it is offered.
+    bool isConfigured() const {
+        return !m_host.isEmpty() && m_host.compare(QLatin1String("none"), Qt::CaseInsensitive) != 0;
+    }
     QString versionDocumentURL() const {
         return ConfiguredHost::address(m_host, kVersionDocumentPath);
     }
