@@ -72,7 +72,8 @@ void AppDelegate::applicationDidFinishLaunching() {
 }
 
 void AppDelegate::startApp() {
-    navigationViewController()->setViewController(makeRootScreen());
+    rootScreen_ = makeRootScreen();
+    navigationViewController()->setViewController(rootScreen_);
     window()->show();
     // Once, when the root screen is up: a newer release is told in the update bar.
     QTimer::singleShot(0, this, [this] { parts_.dataManager.checkForKestoUpdates(); });
@@ -195,7 +196,10 @@ void AppDelegate::applicationShouldHandleReopen(const QStringList& files) {
 }
 
 void AppDelegate::addFilesToRootScreen(const QStringList& paths) {
-    LOG_INFO("Files for the root screen: {}", paths.join(QStringLiteral(", ")));
+    // While a job runs the root screen takes no files; they would vanish without a word.
+    if (!rootScreen_ || !rootScreen_->isScreenVisible() || !rootScreen_->addFilesAtPaths(paths)) {
+        LOG_INFO("Files not taken while the window is busy: {}", paths.join(QStringLiteral(", ")));
+    }
 }
 
 void AppDelegate::didFinishLoggingOut() {

@@ -18,6 +18,7 @@ class PowerAssertion;
 class QSessionManager;
 class SingleInstance;
 class SleepWatcher;
+class UploadBaseViewController;
 
 // The application object's delegate: the launch, the main window with its root screen and
 // menu, quitting only once the user has said so, the machine's sleep, later starts asking for
@@ -95,6 +96,7 @@ private:
     std::unique_ptr<InterruptWatcher> interruptWatcher_;
     std::unique_ptr<JobStatusPresenter> jobStatus_;
     QPointer<QMessageBox> quitConfirmation_;
+    QPointer<UploadBaseViewController> rootScreen_;
     bool applicationCanTerminate_ = false;
     bool terminated_ = false;
 };

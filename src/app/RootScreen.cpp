@@ -1,5 +1,11 @@
 #include "app/RootScreen.h"
 
-#include "ui/navigation/BaseViewController.h"
+#include "ui/screens/LocalEncodeViewController.h"
+#include "ui/screens/UploadProgressViewController.h"
 
-BaseViewController* makeRootScreen() { return BaseViewController::create<BaseViewController>(); }
+UploadBaseViewController* makeRootScreen() {
+    auto* screen = BaseViewController::create<LocalEncodeViewController>();
+    screen->setProgressScreenFactory(
+        [] { return BaseViewController::create<UploadProgressViewController>(); });
+    return screen;
+}

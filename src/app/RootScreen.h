@@ -1,6 +1,7 @@
 #pragma once
 
-class BaseViewController;
+class UploadBaseViewController;
 
-// The screen at the bottom of the navigator, made when the application starts.
-BaseViewController* makeRootScreen();
+// The screen at the bottom of the navigator, made when the application starts; its start
+// button pushes the progress screen.
+UploadBaseViewController* makeRootScreen();

@@ -9,35 +9,41 @@ namespace {
 
 // Folders that are single documents elsewhere; their insides are not the user's files.
 bool isPackage(const QFileInfo& info) {
-    static const QStringList packageSuffixes = {QStringLiteral("app"), QStringLiteral("bundle"),
-                                                QStringLiteral("framework"), QStringLiteral("fcpbundle"),
-                                                QStringLiteral("imovielibrary"), QStringLiteral("photoslibrary")};
+    static const QStringList packageSuffixes = {
+        QStringLiteral("app"),           QStringLiteral("bundle"),
+        QStringLiteral("framework"),     QStringLiteral("fcpbundle"),
+        QStringLiteral("imovielibrary"), QStringLiteral("photoslibrary")};
     return info.isDir() && packageSuffixes.contains(info.suffix().toLower());
 }
 
-void walk(const QString& folder, QStringList& found) {
-    const QFileInfoList entries =
-        QDir(folder).entryInfoList(QDir::AllEntries | QDir::NoDotAndDotDot, QDir::Name | QDir::DirsLast);
-    for (const QFileInfo& entry : entries) {
-        if (entry.isHidden()) {
-            continue;
-        }
-        if (entry.isDir()) {
-            if (!isPackage(entry)) {
-                walk(entry.absoluteFilePath(), found);
-            }
-            continue;
-        }
-        found << entry.absoluteFilePath();
+// False when a folder cannot be read: the whole walk ends there, keeping what it found.
+// Links to folders are not followed, since one may lead back up into the walk.
+bool walk(const QString& folder, QStringList& found) {
+    const QDir dir(folder);
+    if (!dir.isReadable()) {
+        return false;
     }
+    const QFileInfoList entries =
+        dir.entryInfoList(QDir::AllEntries | QDir::NoDotAndDotDot, QDir::Name | QDir::DirsLast);
+    for (const QFileInfo& entry : entries) {
+        if (entry.isHidden() || (entry.isDir() && entry.isSymLink())) {
+            continue;
+        }
+        if (!entry.isDir()) {
+            found << entry.absoluteFilePath();
+        } else if (!isPackage(entry) && !walk(entry.absoluteFilePath(), found)) {
+            return false;
+        }
+    }
+    return true;
 }
 
 }  // namespace
 
 const QStringList& FileSelection::supportedFileTypes() {
-    static const QStringList types = {QStringLiteral("jpg"), QStringLiteral("gif"), QStringLiteral("png"),
-                                      QStringLiteral("mp3"), QStringLiteral("m4a"), QStringLiteral("pdf"),
-                                      QStringLiteral("txt"), QStringLiteral("nfo")};
+    static const QStringList types = {
+        QStringLiteral("jpg"), QStringLiteral("gif"), QStringLiteral("png"), QStringLiteral("mp3"),
+        QStringLiteral("m4a"), QStringLiteral("pdf"), QStringLiteral("txt"), QStringLiteral("nfo")};
     return types;
 }
 

@@ -14,7 +14,8 @@ public:
     static bool isSupportedFileType(const QString& path);
 
     // The files below the given paths, in order and each once: files as they are, folders walked
-    // recursively without hidden entries or the insides of packages; missing paths are skipped.
+    // recursively without hidden entries, links to folders or the insides of packages; missing
+    // paths are skipped, and a folder that cannot be read ends the walk of the dropped folder.
     static QStringList collectFiles(const QStringList& paths);
 
     // "File(s) not supported: a.doc, b.xyz", or with four or more names the first three and

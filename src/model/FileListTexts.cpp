@@ -65,6 +65,15 @@ QString FileListTexts::batchLine(const FileList& files, const QLocale& locale) {
     return parts.join(kSeparator);
 }
 
+QString FileListTexts::readingLine(qsizetype waitingCount, const QLocale& locale) {
+    if (waitingCount <= 0) {
+        return {};
+    }
+    return waitingCount == 1
+               ? QStringLiteral("Reading 1 file...")
+               : QStringLiteral("Reading %1 files...").arg(locale.toString(waitingCount));
+}
+
 QString FileListTexts::clockDuration(double milliseconds, const QLocale& locale) {
     const qint64 seconds = wholeSeconds(milliseconds);
     const QString secondsPart = QLatin1Char(':') + twoDigits(seconds % 60, locale);

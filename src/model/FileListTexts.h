@@ -16,6 +16,9 @@ public:
     // expected size of all files whose size can be told. Parts that say nothing (no duration,
     // no size) are left out; empty for an empty list.
     static QString batchLine(const FileList& files, const QLocale& locale = QLocale());
+    // "Reading 12 files..." while probes of a batch are out ("Reading 1 file..."); empty when
+    // none are.
+    static QString readingLine(qsizetype waitingCount, const QLocale& locale = QLocale());
 
     // "0:45", "3:12", "1:02:03", rounded to whole seconds.
     static QString clockDuration(double milliseconds, const QLocale& locale = QLocale());

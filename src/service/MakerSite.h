@@ -37,7 +37,11 @@ public:
     explicit MakerSite(QString host) : m_host(std::move(host)) {}
 
     const QString& host() const { return m_host; }
-    bool hasHost() const { return !m_host.isEmpty(); }
+    // A build or user may name no site at all (nothing, or "none"): then nothing is fetched from it
+    // and no page of it is offered.
+    bool hasHost() const {
+        return !m_host.isEmpty() && m_host.compare(QLatin1String("none"), Qt::CaseInsensitive) != 0;
+    }
     QString versionDocumentURL() const {
         return ConfiguredHost::address(m_host, kVersionDocumentPath);
     }

@@ -116,4 +116,8 @@ TEST(FileListTexts, SumsUpTheBatchAndDescribesRows) {
     }
     EXPECT_EQ(FileListTexts::rowDetail(*second, kEnglish), "1:42 · 1280x720");
     EXPECT_EQ(FileListTexts::rowDetail(*other(5240000), kEnglish), "5.2 MB");
+
+    EXPECT_EQ(FileListTexts::readingLine(0, kEnglish), "");
+    EXPECT_EQ(FileListTexts::readingLine(1, kEnglish), "Reading 1 file...");
+    EXPECT_EQ(FileListTexts::readingLine(1200, kEnglish), "Reading 1,200 files...");
 }

@@ -6,6 +6,7 @@
 #include <QTest>
 
 #include "model/FileRowLayout.h"
+#include "support/DropEvents.h"
 #include "ui/controls/ButtonWithImage.h"
 #include "ui/controls/Checkbox.h"
 #include "ui/files/DragAndDropDestinationView.h"
@@ -162,19 +163,6 @@ struct Drops : DragAndDropDestinationViewDelegate {
     QList<QUrl> urls;
 };
 
-// Entering first, as a real drag does: Qt drops only on a widget that took the drag.
-bool drop(DragAndDropDestinationView& view, const QMimeData& data) {
-    const Qt::DropActions actions = Qt::CopyAction | Qt::MoveAction;
-    QDragEnterEvent enter(QPoint(10, 10), actions, &data, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(&view, &enter);
-    if (!enter.isAccepted() || enter.dropAction() != Qt::CopyAction) {
-        return false;
-    }
-    QDropEvent event(QPointF(10, 10), actions, &data, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(&view, &event);
-    return event.isAccepted() && event.dropAction() == Qt::CopyAction;
-}
-
 }  // namespace
 
 TEST(DragAndDropDestinationView, HandsDroppedFilesOnAsLocalPaths) {
@@ -188,19 +176,19 @@ TEST(DragAndDropDestinationView, HandsDroppedFilesOnAsLocalPaths) {
                    QUrl(QStringLiteral("http://127.0.0.1/c.mov")),
                    QUrl::fromLocalFile(QStringLiteral("/clips/folder"))});
     EXPECT_FALSE(view.canTake(&files, Qt::MoveAction));
-    EXPECT_TRUE(drop(view, files));
+    EXPECT_TRUE(dropOn(view, files));
     EXPECT_EQ(delegate.paths, (QList<QStringList>{{"/clips/a b.mov", "/clips/folder"}}));
 
     // Addresses but no files: the drop is taken and nothing is passed on.
     QMimeData addresses;
     addresses.setUrls({QUrl(QStringLiteral("http://127.0.0.1/c.mov"))});
-    EXPECT_TRUE(drop(view, addresses));
+    EXPECT_TRUE(dropOn(view, addresses));
     QMimeData words;
     words.setText(QStringLiteral("/clips/a.mov"));
-    EXPECT_FALSE(drop(view, words));
+    EXPECT_FALSE(dropOn(view, words));
     EXPECT_EQ(delegate.paths.size(), 1);
 
     view.setUseURLPasteboard(true);
-    EXPECT_TRUE(drop(view, files));
+    EXPECT_TRUE(dropOn(view, files));
     EXPECT_EQ(delegate.urls, QList<QUrl>{QUrl::fromLocalFile(QStringLiteral("/clips/a b.mov"))});
 }

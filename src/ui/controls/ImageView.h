@@ -13,6 +13,7 @@ public:
 
     QString imageName() const { return imageName_; }
     void setImageName(const QString& imageName);
+    const QPixmap& pixmap() const { return pixmap_; }
     void setPixmap(const QPixmap& pixmap);
 
 protected:
