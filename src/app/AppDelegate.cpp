@@ -26,6 +26,7 @@
 #include "service/MakerSite.h"
 #include "ui/navigation/NavigationViewController.h"
 #include "ui/navigation/UpdateBar.h"
+#include "ui/screens/UploadBaseViewController.h"
 
 AppDelegate::Parts AppDelegate::Parts::application() {
     return {DataManager::sharedInstance(),

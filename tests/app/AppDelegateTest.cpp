@@ -16,6 +16,8 @@
 #include "support/RecordingSink.h"
 #include "support/ScopedEnvironment.h"
 #include "support/ServiceProcess.h"
+#include "support/TestMedia.h"
+#include "ui/screens/UploadBaseViewController.h"
 
 namespace {
 
@@ -190,12 +192,14 @@ TEST_F(LaunchedApp, ACrashOfThePreviousRunReachesTheServerOnBothChannels) {
     EXPECT_FALSE(crashReporter.hasPendingCrashReport());
 }
 
-TEST_F(LaunchedApp, ALaterStartBringsTheWindowBackWithItsFiles) {
+TEST_F(LaunchedApp, ALaterStartBringsTheWindowBackWithItsFilesInTheList) {
     launch();
     delegate->window()->hide();
-    ScopedLogRecorder recorder;
-    delegate->applicationShouldHandleReopen({"/videos/a.mov", "/videos/b.mov"});
+    const QString clip = TestMedia::video(320, 240, 1);
+    delegate->applicationShouldHandleReopen({TestMedia::copyNamed(clip, "handed-a.mov"),
+                                             TestMedia::copyNamed(clip, "handed-b.mov")});
     EXPECT_TRUE(delegate->window()->isVisible());
-    EXPECT_TRUE(
-        recorder.sink().contains("Files for the root screen: /videos/a.mov, /videos/b.mov"));
+    const auto* root = delegate->window()->findChild<UploadBaseViewController*>();
+    ASSERT_NE(root, nullptr);
+    EXPECT_TRUE(waitUntil([&] { return root->selectedFiles().size() == 2; }, 60000));
 }

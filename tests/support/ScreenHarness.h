@@ -14,6 +14,11 @@ public:
         navigationView().setSlideDuration(slideDurationMs);
         window()->show();
     }
+    // Screens let go of by the navigator are deleted later; they must go now, while the job
+    // manager they were given still lives.
+    ~ScreenHarness() override {
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
 
     M3NavigationView& navigationView() const {
         return *navigationViewController()->navigationView();

@@ -58,7 +58,9 @@ LocalEncodeViewController::LocalEncodeViewController(AppDelegateInterface* appDe
 }
 
 LocalEncodeViewController::~LocalEncodeViewController() {
-    dataManager().serverManager().transport().cancel(adImageRequest_);
+    if (adImageRequest_ != 0) {
+        dataManager().serverManager().transport().cancel(adImageRequest_);
+    }
 }
 
 void LocalEncodeViewController::awakeFromNib() {
