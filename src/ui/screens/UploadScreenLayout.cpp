@@ -1,0 +1,50 @@
+#include "ui/screens/UploadScreenLayout.h"
+
+#include <QLabel>
+#include <QScrollArea>
+
+#include "model/ErrorResponse.h"
+#include "platform/NotificationCenter.h"
+#include "ui/controls/ButtonWithImage.h"
+#include "ui/controls/Fonts.h"
+#include "ui/controls/RoundedButton.h"
+#include "ui/controls/RoundedView.h"
+#include "ui/files/FilesTableView.h"
+#include "ui/screens/UploadBaseViewController.h"
+
+namespace {
+
+constexpr int kContentBottomMargin = 12;
+
+}  // namespace
+
+void UploadScreenLayout::setUp(UploadBaseViewController& screen, const Pieces& pieces,
+                               const QList<QLabel*>& captions) {
+    screen.filesTableView()->setHasDoNotEncode(true);
+    screen.filesTableView()->setHasPreserveOriginal(true);
+    // The title strip's Back leads to the other sources; the list's own buttons would repeat it.
+    for (QWidget* unused : std::initializer_list<QWidget*>{
+             screen.localButton(), screen.mediaLibButton(), screen.projectButton(),
+             screen.addButton()}) {
+        unused->hide();
+    }
+    pieces.filesTableFrame->setType(2);
+    pieces.statusLabel->setFont(Fonts::helveticaNeue(12));
+    pieces.heading->setFont(Fonts::helveticaNeueBold(16));
+    // The screen's white shows through the column.
+    pieces.metadataScrollArea->viewport()->setAutoFillBackground(false);
+    pieces.metadataScrollArea->widget()->setAutoFillBackground(false);
+    for (QLabel* caption : captions) {
+        caption->setFont(Fonts::helveticaNeueBold(12));
+    }
+}
+
+void UploadScreenLayout::fitContent(QWidget& content, const QWidget& last) {
+    content.resize(content.width(), last.geometry().bottom() + 1 + kContentBottomMargin);
+}
+
+QString UploadScreenLayout::failureText(const Notification& notification) {
+    const auto error = notification.object.value<ErrorResponsePtr>();
+    return error && !error->message.isEmpty() ? error->message
+                                              : QStringLiteral("The service did not answer.");
+}

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+
+class QLabel;
+class QScrollArea;
+class QWidget;
+class RoundedView;
+class UploadBaseViewController;
+struct Notification;
+
+// What the two upload screens share in their look: the file list with its per-file choices,
+// their headings and captions, and the metadata column that grows with its content.
+class UploadScreenLayout {
+public:
+    struct Pieces {
+        QLabel* heading = nullptr;
+        RoundedView* filesTableFrame = nullptr;
+        QLabel* statusLabel = nullptr;
+        QScrollArea* metadataScrollArea = nullptr;
+    };
+
+    static void setUp(UploadBaseViewController& screen, const Pieces& pieces,
+                      const QList<QLabel*>& captions);
+    // The scrolled column ends a little below its last view.
+    static void fitContent(QWidget& content, const QWidget& last);
+    // The service's message of a failed catalogue load.
+    static QString failureText(const Notification& notification);
+};
