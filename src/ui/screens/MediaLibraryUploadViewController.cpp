@@ -9,6 +9,7 @@
 #include "platform/NotificationCenter.h"
 #include "ui/controls/ButtonWithImage.h"
 #include "ui/controls/ColoredView.h"
+#include "ui/controls/Fonts.h"
 #include "ui/controls/ImageView.h"
 #include "ui/controls/LoadingStatusView.h"
 #include "ui/controls/RoundedButton.h"
@@ -21,12 +22,6 @@
 #include "ui_MediaLibraryUploadViewController.h"
 
 using namespace NotificationNames;
-
-namespace {
-
-constexpr int kGapAboveTags = 16;
-
-}  // namespace
 
 MediaLibraryUploadViewController::MediaLibraryUploadViewController(
     AppDelegateInterface* appDelegate, DataManager* dataManager)
@@ -55,6 +50,7 @@ void MediaLibraryUploadViewController::awakeFromNib() {
         *this, {ui_->heading, ui_->filesTableFrame, ui_->statusLabel, ui_->metadataScrollArea},
         {ui_->categoryTitle});
     ui_->tagsView->setDelegate(this);
+    ui_->categoryPopup->setFont(Fonts::helveticaNeue(13));
     ui_->categoryPopup->setPlaceholderText(QStringLiteral("Choose a category"));
     connect(ui_->categoryPopup, &QComboBox::activated, this,
             &MediaLibraryUploadViewController::selectCategory);
@@ -172,15 +168,9 @@ void MediaLibraryUploadViewController::setWaiting(Waiting what) {
 // The status line takes room only while it shows; the credits grow with their fields and the
 // tags follow them.
 void MediaLibraryUploadViewController::layoutColumn() {
-    const QRect popup = ui_->categoryPopup->geometry();
-    int y = popup.bottom() + 1 + 8;
-    if (!ui_->catalogueStatus->isHidden()) {
-        ui_->catalogueStatus->move(0, y);
-        y += ui_->catalogueStatus->height() + 8;
-    }
-    ui_->creditsView->move(0, y);
-    ui_->tagsView->move(0, ui_->creditsView->geometry().bottom() + 1 + kGapAboveTags);
-    UploadScreenLayout::fitContent(*ui_->metadataContent, *ui_->tagsView);
+    UploadScreenLayout::stackColumn(*ui_->metadataContent,
+                                    {ui_->categoryTitle, ui_->categoryPopup, ui_->catalogueStatus,
+                                     ui_->creditsView, ui_->tagsView});
 }
 
 void MediaLibraryUploadViewController::uploadButtonDidTouch() {

@@ -53,7 +53,8 @@ void ProjectUploadViewController::awakeFromNib() {
     ui_->descriptionField->setPlaceholder(QStringLiteral("Optional"));
     ui_->tagsView->setDelegate(this);
     ui_->projectPopup->setPlaceholderText(QStringLiteral("Choose a project"));
-    ui_->folderList->setFont(Fonts::helveticaNeue(12));
+    ui_->projectPopup->setFont(Fonts::helveticaNeue(13));
+    ui_->folderList->setFont(Fonts::helveticaNeue(13));
     connect(ui_->projectPopup, &QComboBox::activated, this,
             &ProjectUploadViewController::selectProject);
     connect(ui_->catalogueStatus, &LoadingStatusView::retryRequested, this,
@@ -103,6 +104,7 @@ FolderPtr ProjectUploadViewController::selectedFolder() const {
 void ProjectUploadViewController::loadProjectList() {
     setWaiting(Waiting::Projects);
     ui_->catalogueStatus->showLoading(QStringLiteral("Loading projects..."));
+    layoutColumn();
     dataManager().loadProjectList();
 }
 
@@ -124,6 +126,7 @@ void ProjectUploadViewController::didLoadProjects(const ProjectList& projects) {
     } else {
         ui_->catalogueStatus->clear();
     }
+    layoutColumn();
 }
 
 void ProjectUploadViewController::selectProject(int index) {
@@ -134,6 +137,7 @@ void ProjectUploadViewController::selectProject(int index) {
     ui_->folderList->clear();
     setWaiting(Waiting::Folders);
     ui_->catalogueStatus->showLoading(QStringLiteral("Loading folders..."));
+    layoutColumn();
     dataManager().loadFoldersForProject(projects_.at(index));
 }
 
@@ -152,6 +156,7 @@ void ProjectUploadViewController::didLoadFolders(const FolderList& folders) {
     } else {
         ui_->catalogueStatus->clear();
     }
+    layoutColumn();
 }
 
 void ProjectUploadViewController::didFailLoading(Waiting what, const Notification& notification) {
@@ -161,6 +166,7 @@ void ProjectUploadViewController::didFailLoading(Waiting what, const Notificatio
     setWaiting(Waiting::Nothing);
     ui_->catalogueStatus->showFailure(UploadScreenLayout::failureText(notification));
     failed_ = what;
+    layoutColumn();
 }
 
 void ProjectUploadViewController::retryLoading() {
@@ -198,6 +204,12 @@ void ProjectUploadViewController::addTitleBarButtons() {
     addUserButton();
 }
 
-void ProjectUploadViewController::tagsViewDidChangeFrame() {
-    UploadScreenLayout::fitContent(*ui_->metadataContent, *ui_->tagsView);
+void ProjectUploadViewController::tagsViewDidChangeFrame() { layoutColumn(); }
+
+// The status line takes room only while it shows; the tags grow downward.
+void ProjectUploadViewController::layoutColumn() {
+    UploadScreenLayout::stackColumn(
+        *ui_->metadataContent,
+        {ui_->projectTitle, ui_->projectPopup, ui_->folderTitle, ui_->folderList,
+         ui_->catalogueStatus, ui_->descriptionTitle, ui_->descriptionField, ui_->tagsView});
 }

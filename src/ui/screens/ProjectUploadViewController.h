@@ -60,6 +60,7 @@ private:
     void didFailLoading(Waiting what, const Notification& notification);
     void retryLoading();
     void setWaiting(Waiting what);
+    void layoutColumn();
 
     std::unique_ptr<Ui::ProjectUploadViewController> ui_;
     ProjectList projects_;

@@ -15,6 +15,8 @@
 namespace {
 
 constexpr int kContentBottomMargin = 12;
+constexpr int kGapUnderCaption = 6;
+constexpr int kGapBetweenGroups = 14;
 
 }  // namespace
 
@@ -39,8 +41,19 @@ void UploadScreenLayout::setUp(UploadBaseViewController& screen, const Pieces& p
     }
 }
 
-void UploadScreenLayout::fitContent(QWidget& content, const QWidget& last) {
-    content.resize(content.width(), last.geometry().bottom() + 1 + kContentBottomMargin);
+void UploadScreenLayout::stackColumn(QWidget& content, const QList<QWidget*>& views) {
+    int y = 0;
+    int gap = 0;
+    for (QWidget* view : views) {
+        if (view->isHidden()) {
+            continue;
+        }
+        y += gap;
+        view->move(view->x(), y);
+        y += view->height();
+        gap = qobject_cast<QLabel*>(view) != nullptr ? kGapUnderCaption : kGapBetweenGroups;
+    }
+    content.resize(content.width(), y + kContentBottomMargin);
 }
 
 QString UploadScreenLayout::failureText(const Notification& notification) {

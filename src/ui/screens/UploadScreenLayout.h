@@ -23,8 +23,9 @@ public:
 
     static void setUp(UploadBaseViewController& screen, const Pieces& pieces,
                       const QList<QLabel*>& captions);
-    // The scrolled column ends a little below its last view.
-    static void fitContent(QWidget& content, const QWidget& last);
+    // Places the column's shown views one under the other, a caption close to what it names,
+    // and makes the scrolled content end a little below the last.
+    static void stackColumn(QWidget& content, const QList<QWidget*>& views);
     // The service's message of a failed catalogue load.
     static QString failureText(const Notification& notification);
 };
