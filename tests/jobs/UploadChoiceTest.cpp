@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include "jobs/UploadChoice.h"
-#include "model/VideoDetail.h"
 
 namespace {
 
@@ -55,36 +54,11 @@ TEST(UploadChoice, ParametersHoldOnlyWhatTheDestinationTakes) {
 
 TEST(UploadChoice, SaysWhatIsMissingForEachDestination) {
     UploadChoice choice;
+    choice.categoryID = 2;  // chosen for the other destination: not enough
     EXPECT_EQ(choice.missingChoice(), "Please choose a project folder");
     choice.folderID = 0;
     EXPECT_EQ(choice.missingChoice(), "");
     choice.toMediaLibrary = true;
+    choice.categoryID.reset();
     EXPECT_EQ(choice.missingChoice(), "Please choose a media-library category");
-    choice.categoryID = 2;
-    EXPECT_EQ(choice.missingChoice(), "");
-}
-
-TEST(UploadChoice, OnlyAVideoThatIsEncodedKeepsItsOriginalBeside) {
-    struct Case {
-        bool isVideo;
-        bool hasDetail;
-        bool doNotEncode;
-        bool preserves;
-    };
-    const Case cases[] = {
-        {true, true, false, true},
-        {true, true, true, false},
-        {true, false, false, false},
-        {false, true, false, false},
-    };
-    for (const Case& c : cases) {
-        File file(QUrl::fromLocalFile("/nowhere/a.mov"));
-        file.isVideo = c.isVideo;
-        if (c.hasDetail) {
-            file.videoDetail = std::make_shared<VideoDetail>();
-            file.videoDetail->doNotEncode = c.doNotEncode;
-        }
-        EXPECT_EQ(UploadChoice::canPreserveOriginal(file), c.preserves)
-            << c.isVideo << c.hasDetail << c.doNotEncode;
-    }
 }

@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include "model/CatalogueTexts.h"
 #include "model/SourceButtonStates.h"
 #include "model/TitleBarLayout.h"
 
@@ -40,16 +39,6 @@ TEST(SourceButtonStates, EachSourceOpensOnlyForASignedInUserWithItsRight) {
     }
     EXPECT_EQ(SourceButtonStates::userButtonTitle(""), "Sign in");
     EXPECT_EQ(SourceButtonStates::userButtonTitle("alice"), "alice");
-}
-
-TEST(CatalogueTexts, FolderRowsAreIndentedTwoSpacesPerLevel) {
-    const std::pair<qint32, QString> cases[] = {{0, "C"}, {1, "  C"}, {3, "      C"}, {-1, "C"}};
-    for (const auto& [depth, row] : cases) {
-        Folder folder;
-        folder.name = "C";
-        folder.depthIndex = depth;
-        EXPECT_EQ(CatalogueTexts::folderRow(folder), row) << depth;
-    }
 }
 
 TEST(TitleBarLayout, TheUserButtonEndsAtTheStripsRightMarginAndNeverLeavesIt) {

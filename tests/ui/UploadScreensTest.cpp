@@ -272,7 +272,9 @@ TEST_F(UploadScreens, AMediaLibraryUploadSendsOnlyTheCreditsThatWereFilledIn) {
     const QString notes = TestMedia::textFile("window credits.txt", "credited");
     ASSERT_TRUE(addFiles(screen, {notes}));
 
-    QTest::mouseClick(screen->uploadButton(), Qt::LeftButton);
+    harness.window()->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(harness.window()));
+    QTest::keyClick(harness.window(), Qt::Key_Return, Qt::ControlModifier);
     auto* progress = current<UploadProgressViewController>();
     ASSERT_NE(progress, nullptr);
     EXPECT_EQ(progress->uploadingImage()->imageName(), "illustration_media_library2_big.png");

@@ -106,7 +106,8 @@ void UploadBaseViewController::userButtonDidTouch() {
                              : QCursor::pos());
         return;
     }
-    if (signInSheet_ == nullptr) {
+    // A closed sheet is on its way out; a new one shows what is remembered now.
+    if (signInSheet_ == nullptr || !signInSheet_->isVisible()) {
         signInSheet_ = new SignInSheet(dataManager(), window());
         signInSheet_->setAttribute(Qt::WA_DeleteOnClose);
     }

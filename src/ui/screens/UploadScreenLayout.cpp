@@ -2,6 +2,7 @@
 
 #include <QLabel>
 #include <QScrollArea>
+#include <QShortcut>
 
 #include "model/ErrorResponse.h"
 #include "platform/NotificationCenter.h"
@@ -29,6 +30,14 @@ void UploadScreenLayout::setUp(UploadBaseViewController& screen, const Pieces& p
              screen.localButton(), screen.mediaLibButton(), screen.projectButton(),
              screen.addButton()}) {
         unused->hide();
+    }
+    for (const QKeySequence& keys :
+         {QKeySequence(Qt::CTRL | Qt::Key_Return), QKeySequence(Qt::CTRL | Qt::Key_Enter)}) {
+        QObject::connect(new QShortcut(keys, &screen), &QShortcut::activated, &screen, [&screen] {
+            if (screen.isScreenVisible() && screen.uploadButton()->isActionEnabled()) {
+                screen.uploadButtonDidTouch();
+            }
+        });
     }
     pieces.filesTableFrame->setType(2);
     pieces.statusLabel->setFont(Fonts::helveticaNeue(12));

@@ -21,6 +21,7 @@ public:
         QScrollArea* metadataScrollArea = nullptr;
     };
 
+    // Also: Ctrl+Return presses "Upload files".
     static void setUp(UploadBaseViewController& screen, const Pieces& pieces,
                       const QList<QLabel*>& captions);
     // Places the column's shown views one under the other, a caption close to what it names,

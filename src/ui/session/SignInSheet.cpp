@@ -56,12 +56,12 @@ void SignInSheet::signIn() {
     const QString address = ui_->addressField->text().trimmed();
     const QString username = ui_->usernameField->text().trimmed();
     if (address.isEmpty() || username.isEmpty()) {
-        showMessage(QStringLiteral("Enter the service address and your user name."));
+        showMessage(QStringLiteral("Enter the service address and your user name."), true);
         (address.isEmpty() ? ui_->addressField : ui_->usernameField)->setFocus();
         return;
     }
     setWaiting(true);
-    showMessage(QStringLiteral("Signing in..."));
+    showMessage(QStringLiteral("Signing in..."), false);
     dataManager_.loginWithOrvaleUrl(address, username, ui_->passwordField->text(),
                                     ui_->rememberCheckbox->isChecked());
 }
@@ -84,7 +84,8 @@ void SignInSheet::didFailLoggingIn(const Notification& notification) {
     const auto error = notification.object.value<ErrorResponsePtr>();
     showMessage(error && !error->message.isEmpty()
                     ? error->message
-                    : QStringLiteral("The service refused without saying why."));
+                    : QStringLiteral("The service refused without saying why."),
+                true);
     ui_->passwordField->setFocus();
 }
 
@@ -107,7 +108,10 @@ void SignInSheet::setWaiting(bool waiting) {
     }
 }
 
-void SignInSheet::showMessage(const QString& message) {
+void SignInSheet::showMessage(const QString& message, bool isProblem) {
+    ui_->messageLabel->setStyleSheet(
+        QStringLiteral("color: %1;").arg(isProblem ? QStringLiteral("#c0392b")
+                                                   : QStringLiteral("#8a9199")));
     ui_->messageLabel->setText(message);
     ui_->messageLabel->show();
 }

@@ -45,7 +45,7 @@ private:
     void didFinishLoggingIn();
     void didFailLoggingIn(const Notification& notification);
     void setWaiting(bool waiting);
-    void showMessage(const QString& message);
+    void showMessage(const QString& message, bool isProblem);
 
     std::unique_ptr<Ui::SignInSheet> ui_;
     DataManager& dataManager_;
