@@ -62,7 +62,7 @@ void UploadBaseViewController::signUpForNotifications() {
     for (const QLatin1String name : {NotificationNames::kNotificationDidFinishLoggingIn,
                                      NotificationNames::kNotificationDidFinishLoggingOut}) {
         center.addObserver(this, name, [this](const Notification&) {
-            if (userButton_ != nullptr) {
+            if (isScreenVisible() && userButton_ != nullptr) {
                 addUserButton();
             }
         });
