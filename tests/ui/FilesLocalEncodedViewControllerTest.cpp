@@ -106,9 +106,9 @@ TEST_F(ResultsScreen, BackToHomeActsOnce) {
     FilesLocalEncodedViewController* results = showResults();
     QTest::mouseClick(results->homeButton(), Qt::LeftButton);
     QTest::mouseClick(results->homeButton(), Qt::LeftButton);
-    ASSERT_TRUE(harness.waitForSlides());
-    EXPECT_EQ(harness.navigationView().viewStack().size(), 1);
     EXPECT_FALSE(results->homeButton()->isActionEnabled());
+    ASSERT_TRUE(harness.waitForSlides());  // the popped screen is gone after its slide
+    EXPECT_EQ(harness.navigationView().viewStack().size(), 1);
 }
 
 TEST_F(ResultsScreen, TryAgainEncodesTheFailedFilesOnceAndTheProgressScreenFollows) {
