@@ -150,6 +150,7 @@ void UploadBaseViewController::didFinishLoadingDetailsForFile(const Notification
 // Files are moved, not copied: a probe result that arrives after its batch ended makes a batch
 // of its own and must not bring back what was already taken or named.
 void UploadBaseViewController::addFilesToTableView() {
+    const int rowsBefore = outlets_.filesTableView->numberOfRows();
     for (const FilePtr& file : std::as_const(filesToAdd_)) {
         // Overlapping batches may both hold a file that was picked twice.
         if (!listContainsFileAtURL(file->url())) {
@@ -157,6 +158,8 @@ void UploadBaseViewController::addFilesToTableView() {
         }
     }
     if (!filesToAdd_.isEmpty()) {
+        const int rows = outlets_.filesTableView->numberOfRows();
+        LOG_INFO("{} files joined the list, {} in all", rows - rowsBefore, rows);
         showPlaceholderForTableView(outlets_.filesTableView->numberOfRows() == 0);
         outlets_.filesTableView->setFocus(Qt::OtherFocusReason);
     }
@@ -170,7 +173,9 @@ void UploadBaseViewController::addFilesToTableView() {
 }
 
 void UploadBaseViewController::showFileTypeNotSupportedMessage() {
-    showAlertWithMessage(FileSelection::notSupportedMessage(filesNotSupported_));
+    const QString message = FileSelection::notSupportedMessage(filesNotSupported_);
+    LOG_INFO("{}", message);
+    showAlertWithMessage(message);
 }
 
 void UploadBaseViewController::selectFilesButtonDidTouch() {
