@@ -115,14 +115,28 @@ bool AppDelegate::applicationShouldTerminate() {
     alert->setDefaultButton(yes);
     alert->setWindowModality(Qt::WindowModal);
     alert->setAttribute(Qt::WA_DeleteOnClose);
-    connect(alert, &QMessageBox::finished, this, [this, alert, yes] {
+    QPointer<QWidget> hadFocus = QApplication::focusWidget();
+    connect(alert, &QMessageBox::finished, this, [this, alert, yes, hadFocus] {
         quitConfirmation_ = nullptr;  // answered; the next request asks again
-        alertDidEnd(alert->clickedButton() == yes ? kAlertFirstButtonReturn
-                                                  : kAlertSecondButtonReturn);
+        if (alert->clickedButton() == yes) {
+            alertDidEnd(kAlertFirstButtonReturn);
+            return;
+        }
+        giveKeyboardBack(hadFocus);
+        alertDidEnd(kAlertSecondButtonReturn);
     });
     quitConfirmation_ = alert;
     alert->open();
     return false;
+}
+
+// Not every desktop hands the keyboard back to the window when a sheet on it closes (with no
+// window manager at all nobody does), and the screens' shortcuts act only in the active window.
+void AppDelegate::giveKeyboardBack(QWidget* hadFocus) {
+    window()->activateWindow();
+    if (hadFocus != nullptr && hadFocus->window() == window()) {
+        hadFocus->setFocus(Qt::ActiveWindowFocusReason);
+    }
 }
 
 void AppDelegate::alertDidEnd(int returnCode) {
