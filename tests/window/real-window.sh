@@ -100,7 +100,7 @@ shot() {
 
 wait_for "the window" main_window
 wait_for "the log file" log_exists
-wait_for "the two rows" logged "2 files joined the list, 2 in all"
+wait_for "the two rows" logged "2 file(s) joined the list, 2 in all"
 wait_for "the refusal of the text file" logged "File(s) not supported: notes.txt"
 wait_for "the refusal's alert" count_windows 2
 shot root-screen

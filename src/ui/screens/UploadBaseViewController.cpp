@@ -159,7 +159,7 @@ void UploadBaseViewController::addFilesToTableView() {
     }
     if (!filesToAdd_.isEmpty()) {
         const int rows = outlets_.filesTableView->numberOfRows();
-        LOG_INFO("{} files joined the list, {} in all", rows - rowsBefore, rows);
+        LOG_INFO("{} file(s) joined the list, {} in all", rows - rowsBefore, rows);
         showPlaceholderForTableView(outlets_.filesTableView->numberOfRows() == 0);
         outlets_.filesTableView->setFocus(Qt::OtherFocusReason);
     }
