@@ -25,6 +25,7 @@
 #include "platform/UserDefaultsManager.h"
 #include "service/MakerSite.h"
 #include "ui/navigation/NavigationViewController.h"
+#include "ui/navigation/SheetFocus.h"
 #include "ui/navigation/UpdateBar.h"
 #include "ui/screens/UploadBaseViewController.h"
 
@@ -115,28 +116,15 @@ bool AppDelegate::applicationShouldTerminate() {
     alert->setDefaultButton(yes);
     alert->setWindowModality(Qt::WindowModal);
     alert->setAttribute(Qt::WA_DeleteOnClose);
-    QPointer<QWidget> hadFocus = QApplication::focusWidget();
-    connect(alert, &QMessageBox::finished, this, [this, alert, yes, hadFocus] {
+    SheetFocus::returnAfter(alert);
+    connect(alert, &QMessageBox::finished, this, [this, alert, yes] {
         quitConfirmation_ = nullptr;  // answered; the next request asks again
-        if (alert->clickedButton() == yes) {
-            alertDidEnd(kAlertFirstButtonReturn);
-            return;
-        }
-        giveKeyboardBack(hadFocus);
-        alertDidEnd(kAlertSecondButtonReturn);
+        alertDidEnd(alert->clickedButton() == yes ? kAlertFirstButtonReturn
+                                                  : kAlertSecondButtonReturn);
     });
     quitConfirmation_ = alert;
     alert->open();
     return false;
-}
-
-// Not every desktop hands the keyboard back to the window when a sheet on it closes (with no
-// window manager at all nobody does), and the screens' shortcuts act only in the active window.
-void AppDelegate::giveKeyboardBack(QWidget* hadFocus) {
-    window()->activateWindow();
-    if (hadFocus != nullptr && hadFocus->window() == window()) {
-        hadFocus->setFocus(Qt::ActiveWindowFocusReason);
-    }
 }
 
 void AppDelegate::alertDidEnd(int returnCode) {

@@ -89,7 +89,6 @@ protected:
 private:
     void buildMenu();
     void commitDataRequest(QSessionManager& manager);
-    void giveKeyboardBack(QWidget* hadFocus);
 
     Parts parts_;
     std::unique_ptr<CrashReportLauncher> crashReportLauncher_;
