@@ -46,7 +46,8 @@ export HOME="$sandbox/home"
 export XDG_CONFIG_HOME="$HOME/.config" XDG_DATA_HOME="$HOME/.local/share"
 export XDG_CACHE_HOME="$HOME/.cache" XDG_RUNTIME_DIR="$sandbox/runtime"
 # No maker's site, no crash server, and no session bus: nothing leaves this sandbox.
-unset ORVALE_MAKER_SITE ORVALE_CRASH_SERVER QT_QPA_PLATFORM
+unset ORVALE_MAKER_SITE ORVALE_CRASH_SERVER WAYLAND_DISPLAY
+export QT_QPA_PLATFORM=xcb
 export DBUS_SESSION_BUS_ADDRESS="unix:path=$sandbox/no-bus"
 mkdir -p "$HOME" "$sandbox/media" && mkdir -m 0700 "$XDG_RUNTIME_DIR"
 log_folder="$XDG_DATA_HOME/Logs/Orvale"
