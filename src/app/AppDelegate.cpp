@@ -225,5 +225,6 @@ void AppDelegate::about() {
         QStringLiteral("Gets video files ready for a media-asset web service."));
     box->setWindowModality(Qt::WindowModal);
     box->setAttribute(Qt::WA_DeleteOnClose);
+    SheetFocus::returnAfter(box);
     box->open();
 }

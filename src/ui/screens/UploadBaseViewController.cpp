@@ -20,6 +20,7 @@
 #include "ui/controls/RoundedButton.h"
 #include "ui/files/DragAndDropDestinationView.h"
 #include "ui/files/FilesTableView.h"
+#include "ui/navigation/SheetFocus.h"
 
 namespace {
 
@@ -188,6 +189,7 @@ void UploadBaseViewController::selectFilesButtonDidTouch() {
     QFileDialog panel(window(), QStringLiteral("Select files"), lastPickedFolder());
     panel.setFileMode(QFileDialog::ExistingFiles);
     panel.setAcceptMode(QFileDialog::AcceptOpen);
+    SheetFocus::returnAfter(&panel);
     const bool chosen = panel.exec() == QDialog::Accepted;
     QTimer::singleShot(kSelectFilesReenableDelayMs, this,
                        &UploadBaseViewController::setSelectFilesButtonEnabled);
