@@ -3,6 +3,8 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 
+#include "model/CatalogueTexts.h"
+
 namespace {
 
 // A string as a JSON literal, escaped by Qt's own writer.
@@ -68,7 +70,7 @@ QList<CatalogueListing::Entry> CatalogueListing::entries(const CreditList& credi
 QString CatalogueListing::text(const QList<Entry>& entries) {
     QString text;
     for (const Entry& entry : entries) {
-        const QString indent(2 * qMax(0, entry.depthIndex.value_or(0)), QLatin1Char(' '));
+        const QString indent = CatalogueTexts::indentation(entry.depthIndex.value_or(0));
         const QString status = entry.status && !entry.status->isEmpty()
                                    ? QStringLiteral(", ") + *entry.status
                                    : QString();

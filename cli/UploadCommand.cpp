@@ -71,8 +71,7 @@ void UploadCommand::start() {
 
 void UploadCommand::filesGathered() {
     for (const FilePtr& file : std::as_const(jobFiles_)) {
-        if (file->isVideo && file->videoDetail && !file->videoDetail->doNotEncode) {
-            // A video that goes up as it is has no second file to send beside it.
+        if (UploadChoice::canPreserveOriginal(*file)) {
             file->videoDetail->preserveOriginal = preserveOriginal_;
             encodesAny_ = true;
         }

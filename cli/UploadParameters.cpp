@@ -39,15 +39,12 @@ QString UploadParameters::read(const QCommandLineParser& parser) {
     if (folder == category) {
         return QStringLiteral("give either --folder ID or --category ID");
     }
-    toMediaLibrary_ = category;
+    choice_.toMediaLibrary = category;
     const QString problem = folder ? readFolder(parser) : readCategory(parser);
     if (!problem.isEmpty()) {
         return problem;
     }
-    const QStringList tags = parser.values(tagOption_);
-    if (!tags.isEmpty()) {
-        dictionary_.insert(QStringLiteral("tags"), tags);
-    }
+    choice_.tags = parser.values(tagOption_);
     return {};
 }
 
@@ -59,10 +56,8 @@ QString UploadParameters::readFolder(const QCommandLineParser& parser) {
     if (!folder) {
         return QStringLiteral("--folder takes a number, not '%1'").arg(parser.value(folderOption_));
     }
-    dictionary_.insert(QStringLiteral("folder"), *folder);
-    if (parser.isSet(descriptionOption_)) {
-        dictionary_.insert(QStringLiteral("description"), parser.value(descriptionOption_));
-    }
+    choice_.folderID = *folder;
+    choice_.description = parser.value(descriptionOption_);
     return {};
 }
 
@@ -75,8 +70,7 @@ QString UploadParameters::readCategory(const QCommandLineParser& parser) {
         return QStringLiteral("--category takes a number, not '%1'")
             .arg(parser.value(categoryOption_));
     }
-    dictionary_.insert(QStringLiteral("category"), *category);
-    CreditList credits;
+    choice_.categoryID = *category;
     for (const QString& pair : parser.values(creditOption_)) {
         const qsizetype equals = pair.indexOf(QLatin1Char('='));
         const auto id = identifier(pair.left(equals));
@@ -86,8 +80,7 @@ QString UploadParameters::readCategory(const QCommandLineParser& parser) {
         auto credit = std::make_shared<Credit>();
         credit->ID = *id;
         credit->stringValue = pair.mid(equals + 1);
-        credits.append(credit);
+        choice_.credits.append(credit);
     }
-    dictionary_.insert(QStringLiteral("credits"), QVariant::fromValue(credits));
     return {};
 }

@@ -4,6 +4,8 @@
 #include <QCommandLineParser>
 #include <QVariantMap>
 
+#include "jobs/UploadChoice.h"
+
 // The metadata options of an upload and the job manager's parameters dictionary made of them:
 // a project folder (with a description) or a media-library category (with credits), plus tags.
 class UploadParameters {
@@ -14,8 +16,8 @@ public:
     // Empty when the options make sense, else what is wrong with them.
     QString read(const QCommandLineParser& parser);
 
-    const QVariantMap& dictionary() const { return dictionary_; }
-    bool toMediaLibrary() const { return toMediaLibrary_; }
+    QVariantMap dictionary() const { return choice_.parameters(); }
+    bool toMediaLibrary() const { return choice_.toMediaLibrary; }
 
 private:
     QString readFolder(const QCommandLineParser& parser);
@@ -26,6 +28,5 @@ private:
     QCommandLineOption categoryOption_;
     QCommandLineOption creditOption_;
     QCommandLineOption tagOption_;
-    QVariantMap dictionary_;
-    bool toMediaLibrary_ = false;
+    UploadChoice choice_;
 };

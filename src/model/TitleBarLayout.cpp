@@ -1,5 +1,6 @@
 #include "model/TitleBarLayout.h"
 
+#include <algorithm>
 #include <cmath>
 
 QPointF TitleBarLayout::logoOrigin(const QSizeF& stripSize) {
@@ -12,3 +13,8 @@ QRectF TitleBarLayout::logoFrame(const QSizeF& stripSize) {
 }
 
 QRectF TitleBarLayout::backButtonFrame() { return {91, 4, 100, 26}; }
+
+QRectF TitleBarLayout::userButtonFrame(const QSizeF& stripSize, qreal width) {
+    constexpr qreal kRightMargin = 12;
+    return {std::max<qreal>(0, stripSize.width() - kRightMargin - width), 4, width, 26};
+}

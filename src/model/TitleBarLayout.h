@@ -14,4 +14,6 @@ public:
     static QPointF logoOrigin(const QSizeF& stripSize);
     static QRectF logoFrame(const QSizeF& stripSize);
     static QRectF backButtonFrame();
+    // The sign-in button, as wide as its title needs, at the strip's right end.
+    static QRectF userButtonFrame(const QSizeF& stripSize, qreal width);
 };

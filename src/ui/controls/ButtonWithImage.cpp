@@ -67,6 +67,9 @@ void ButtonWithImage::showImage(const QString& imageName) {
 
 void ButtonWithImage::paintEvent(QPaintEvent*) {
     QPainter painter(this);
+    if (!isEnabled()) {
+        painter.setOpacity(0.4);  // a source the user may not use now
+    }
     if (!shownImage_.isEmpty()) {
         painter.drawPixmap(rect(), ImageSet::pixmap(shownImage_, size(), devicePixelRatioF()));
     }

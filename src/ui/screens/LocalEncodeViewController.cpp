@@ -8,7 +8,9 @@
 #include <QShortcut>
 
 #include "jobs/DataManager.h"
+#include "jobs/NotificationNames.h"
 #include "model/HEX.h"
+#include "model/SourceButtonStates.h"
 #include "platform/Log.h"
 #include "platform/NotificationCenter.h"
 #include "service/HttpTransport.h"
@@ -85,6 +87,13 @@ void LocalEncodeViewController::awakeFromNib() {
     localButton()->setSelectedImage(QStringLiteral("button_source_local_selected.png"));
     localButton()->setSelected(true);
     localButton()->setDisableAfterSelected(true);
+    projectButton()->setNormalImage(QStringLiteral("button_source_project.png"));
+    projectButton()->setHighlightedImage(QStringLiteral("button_source_project_selected.png"));
+    mediaLibButton()->setNormalImage(QStringLiteral("button_source_media_library.png"));
+    mediaLibButton()->setHighlightedImage(
+        QStringLiteral("button_source_media_library_selected.png"));
+    updateSourceButtons();
+    addTitleBarButtons();
 
     adImageView()->setAccessibleName(QStringLiteral("Promotion"));
     adImageView()->installEventFilter(this);
@@ -100,6 +109,73 @@ void LocalEncodeViewController::awakeFromNib() {
         auto* shortcut = new QShortcut(keys, this);
         connect(shortcut, &QShortcut::activated, this,
                 &LocalEncodeViewController::pressUploadButtonFromKeyboard);
+    }
+}
+
+void LocalEncodeViewController::signUpForNotifications() {
+    using namespace NotificationNames;
+    UploadBaseViewController::signUpForNotifications();
+    NotificationCenter& center = NotificationCenter::defaultCenter();
+    center.addObserver(this, kNotificationDidFinishLoggingIn, [this](const Notification&) {
+        setRightsState(false, {});
+        dataManager().loadPermissions();
+    });
+    center.addObserver(this, kNotificationDidFinishLoadingPermissions,
+                       [this](const Notification&) { setRightsState(true, {}); });
+    center.addObserver(this, kNotificationDidFailLoadingPermissions,
+                       [this](const Notification& notification) {
+                           const auto error = notification.object.value<ErrorResponsePtr>();
+                           setRightsState(false, error && !error->message.isEmpty()
+                                                     ? error->message
+                                                     : QStringLiteral("no answer"));
+                       });
+    center.addObserver(this, kNotificationDidFinishLoggingOut,
+                       [this](const Notification&) { setRightsState(false, {}); });
+}
+
+void LocalEncodeViewController::setRightsState(bool loaded, const QString& error) {
+    rightsLoaded_ = loaded;
+    rightsError_ = error;
+    updateSourceButtons();
+}
+
+void LocalEncodeViewController::updateSourceButtons() {
+    const SourceButtonStates::Session session{
+        .signedIn = dataManager().loggedinUser() != nullptr,
+        .rightsLoaded = rightsLoaded_,
+        .rightsError = rightsError_,
+        .hasProjectsAccess = dataManager().hasProjectsAccess(),
+        .hasMediaLibAccess = dataManager().hasMediaLibAccess()};
+    const std::pair<ButtonWithImage*, SourceButtonStates::State> buttons[] = {
+        {projectButton(), SourceButtonStates::projectButton(session)},
+        {mediaLibButton(), SourceButtonStates::mediaLibButton(session)}};
+    for (const auto& [button, state] : buttons) {
+        button->setEnabled(state.enabled);
+        button->setToolTip(state.toolTip);
+        button->setAccessibleDescription(state.toolTip);
+    }
+}
+
+void LocalEncodeViewController::setUploadScreenFactories(ScreenFactory project,
+                                                         ScreenFactory mediaLibrary) {
+    projectScreenFactory_ = std::move(project);
+    mediaLibScreenFactory_ = std::move(mediaLibrary);
+}
+
+void LocalEncodeViewController::projectButtonDidTouch() {
+    pushUploadScreen(projectScreenFactory_);
+}
+
+void LocalEncodeViewController::mediaLibButtonDidTouch() {
+    pushUploadScreen(mediaLibScreenFactory_);
+}
+
+void LocalEncodeViewController::pushUploadScreen(const ScreenFactory& factory) {
+    if (!isScreenVisible() || !factory) {
+        return;
+    }
+    if (BaseViewController* screen = factory()) {
+        pushViewController(screen, true);
     }
 }
 

@@ -15,6 +15,9 @@ class LocalEncodeViewController;
 // with "Save to...", the start button, and a promotional image from the maker's site (a picture
 // of its own when no site is configured) that opens its link when clicked.
 //
+// The other two source buttons push the upload screens once the user is signed in and has the
+// right; otherwise they are disabled and their tooltips say why.
+//
 // Ctrl+Return presses "Encode files".
 class LocalEncodeViewController : public UploadBaseViewController {
     Q_OBJECT
@@ -29,6 +32,13 @@ public:
     // home folder whenever such a screen is set up, then what the user chose.
     static QUrl outputDirectory();
     static QUrl defaultOutputDirectory();
+
+    // Make the screens that "Project" and "Media library" push; the application sets them.
+    void setUploadScreenFactories(ScreenFactory project, ScreenFactory mediaLibrary);
+    void projectButtonDidTouch() override;
+    void mediaLibButtonDidTouch() override;
+    // Enables the upload sources by sign-in and rights, with their tooltips.
+    void updateSourceButtons();
 
     bool canAddFile(const FilePtr& file) const override;
     void selectOutDirButtonDidTouch();
@@ -46,14 +56,21 @@ public:
 
 protected:
     void awakeFromNib() override;
+    void signUpForNotifications() override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void showOutputDirectory();
     void loadAdImage(const QUrl& address);
     void pressUploadButtonFromKeyboard();
+    void pushUploadScreen(const ScreenFactory& factory);
+    void setRightsState(bool loaded, const QString& error);
 
     std::unique_ptr<Ui::LocalEncodeViewController> ui_;
     QUrl adLink_;
     HttpRequestId adImageRequest_ = 0;
+    ScreenFactory projectScreenFactory_;
+    ScreenFactory mediaLibScreenFactory_;
+    bool rightsLoaded_ = false;
+    QString rightsError_;
 };

@@ -3,6 +3,7 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QLabel>
+#include <QMenu>
 #include <QShortcut>
 #include <QTimer>
 #include <algorithm>
@@ -10,17 +11,24 @@
 #include "jobs/DataManager.h"
 #include "jobs/FileSelection.h"
 #include "jobs/NotificationNames.h"
+#include "jobs/UploadChoice.h"
 #include "model/FileListTexts.h"
 #include "model/HEX.h"
+#include "model/SourceButtonStates.h"
+#include "model/TitleBarLayout.h"
 #include "platform/Log.h"
 #include "platform/NotificationCenter.h"
 #include "ui/controls/ButtonWithImage.h"
+#include "ui/controls/ButtonWithIcon.h"
 #include "ui/controls/ColoredView.h"
+#include "ui/controls/Fonts.h"
 #include "ui/controls/ImageView.h"
 #include "ui/controls/RoundedButton.h"
+#include "ui/controls/ViewGeometry.h"
 #include "ui/files/DragAndDropDestinationView.h"
 #include "ui/files/FilesTableView.h"
 #include "ui/navigation/SheetFocus.h"
+#include "ui/session/SignInSheet.h"
 
 namespace {
 
@@ -47,9 +55,66 @@ void UploadBaseViewController::awakeFromNib() {
 }
 
 void UploadBaseViewController::signUpForNotifications() {
-    NotificationCenter::defaultCenter().addObserver(
+    NotificationCenter& center = NotificationCenter::defaultCenter();
+    center.addObserver(
         this, NotificationNames::kNotificationDidFinishLoadingDetailsForFile,
         [this](const Notification& notification) { didFinishLoadingDetailsForFile(notification); });
+    // The button in the strip is this screen's while it is in front.
+    for (const QLatin1String name : {NotificationNames::kNotificationDidFinishLoggingIn,
+                                     NotificationNames::kNotificationDidFinishLoggingOut}) {
+        center.addObserver(this, name, [this](const Notification&) {
+            if (isScreenVisible() && userButton_ != nullptr) {
+                addUserButton();
+            }
+        });
+    }
+}
+
+void UploadBaseViewController::addTitleBarButtons() { addUserButton(); }
+
+void UploadBaseViewController::addUserButton() {
+    removeUserButton();
+    hasUserButton_ = true;
+    if (titleBarView() == nullptr) {
+        return;
+    }
+    const UserPtr& user = dataManager().loggedinUser();
+    auto* button = new ButtonWithIcon(titleBarView());
+    button->setIconName(QStringLiteral("icon_user.png"));
+    button->setHighlightedIconName(QStringLiteral("icon_user_selected.png"));
+    button->setTitleColor(HEX::colorWithHexString(QStringLiteral("#999999")));
+    button->setTitleFont(Fonts::helveticaNeueBold(12));
+    button->resize(0, 26);
+    button->setTitleString(SourceButtonStates::userButtonTitle(user ? user->username : QString()));
+    button->setAccessibleDescription(user ? QStringLiteral("Signed in; opens Sign out")
+                                          : QStringLiteral("Opens the sign-in sheet"));
+    ViewGeometry::setFrame(button, TitleBarLayout::userButtonFrame(titleBarView()->size(),
+                                                                   button->width()));
+    connect(button, &ButtonWithIcon::triggered, this,
+            &UploadBaseViewController::userButtonDidTouch);
+    userButton_ = button;
+    addSubviewToTitleBar(button);
+}
+
+void UploadBaseViewController::userButtonDidTouch() {
+    if (dataManager().loggedinUser()) {
+        delete userMenu_;
+        userMenu_ = new QMenu(this);
+        userMenu_->setAttribute(Qt::WA_DeleteOnClose);
+        userMenu_->addAction(QStringLiteral("Sign out"), this, [this] { dataManager().logout(); });
+        userMenu_->popup(userButton_ != nullptr
+                             ? userButton_->mapToGlobal(QPoint(0, userButton_->height()))
+                             : QCursor::pos());
+        return;
+    }
+    // A closed sheet is on its way out; a new one shows what is remembered now.
+    if (signInSheet_ == nullptr || !signInSheet_->isVisible()) {
+        signInSheet_ = new SignInSheet(dataManager(), window());
+        signInSheet_->setAttribute(Qt::WA_DeleteOnClose);
+        SheetFocus::returnAfter(signInSheet_);
+    }
+    signInSheet_->open();
+    signInSheet_->raise();
 }
 
 void UploadBaseViewController::initializeView() {
@@ -252,6 +317,32 @@ void UploadBaseViewController::didRemoveFile(const FilePtr&) {
     if (outlets_.filesTableView->numberOfRows() == 0) {
         showPlaceholderForTableView(true);
     }
+}
+
+void UploadBaseViewController::startUpload(const UploadChoice& choice) {
+    LOG_VERBOSE("startUpload");
+    outlets_.uploadButton->setActionEnabled(false);
+    const FileList files = selectedFiles();
+    const QString missing =
+        files.isEmpty() ? QStringLiteral("Please Select a File") : choice.missingChoice();
+    if (!missing.isEmpty()) {
+        showAlertWithMessage(missing);
+        outlets_.uploadButton->setActionEnabled(true);
+        return;
+    }
+    for (const FilePtr& file : files) {
+        if (file->videoDetail && !UploadChoice::canPreserveOriginal(*file)) {
+            file->videoDetail->preserveOriginal = false;
+        }
+    }
+    // Pushed first: it listens from now on, and the job announces itself within the start.
+    if (BaseViewController* progress = makeProgressScreen()) {
+        pushViewController(progress, true);
+    }
+    dataManager().startUploadProcessForFiles(files, choice.parameters(), choice.toMediaLibrary);
+    clearFilesTableView();
+    abandonBatch();
+    setScreenVisible(false);
 }
 
 BaseViewController* UploadBaseViewController::makeProgressScreen() const {

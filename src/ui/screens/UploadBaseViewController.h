@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QMenu>
+#include <QPointer>
 #include <QStringList>
 #include <QUrl>
 #include <functional>
@@ -8,6 +10,7 @@
 #include "ui/files/DragAndDropDestinationViewDelegate.h"
 #include "ui/files/FilesTableViewDelegate.h"
 #include "ui/navigation/BaseViewController.h"
+#include "ui/session/SignInSheet.h"
 
 class ButtonWithImage;
 class ColoredView;
@@ -17,6 +20,7 @@ class ImageView;
 class QLabel;
 class RoundedButton;
 struct Notification;
+struct UploadChoice;
 
 // What the screens that gather a batch of files share: the file list, the picking panel and
 // drops, which files are taken without probing, waiting for the probes of a batch, and the one
@@ -86,7 +90,17 @@ public:
     virtual void mediaLibButtonDidTouch() {}
     virtual void projectButtonDidTouch() {}
     virtual void localButtonDidTouch() {}
-    virtual void addTitleBarButtons() {}
+    // The title strip's buttons of this screen: the sign-in button here.
+    virtual void addTitleBarButtons();
+
+    // The sign-in button at the strip's right end: "Sign in" opens the sign-in sheet; once
+    // signed in it shows the user's name and offers "Sign out".
+    void addUserButton() override;
+    void userButtonDidTouch();
+    SignInSheet* signInSheet() const { return signInSheet_; }
+    QMenu* userMenu() const { return userMenu_; }
+    ButtonWithImage* mediaLibButton() const { return outlets_.mediaLibButton; }
+    ButtonWithImage* projectButton() const { return outlets_.projectButton; }
 
 protected:
     struct Outlets {
@@ -115,6 +129,9 @@ protected:
     // A job took the list: the batch still out is given up, its late probe results are
     // dropped, and drops are taken again.
     void abandonBatch();
+    // Pushes the progress screen and uploads the listed files with the choice; says what is
+    // missing instead when there are no files or no destination.
+    void startUpload(const UploadChoice& choice);
 
 private:
     void dragAndDropFiles(const QStringList& paths) override;
@@ -134,4 +151,6 @@ private:
     bool listMayContainVideo_ = false;
     bool dragAndDropEnabled_ = true;
     bool statusUpdatePending_ = false;
+    QPointer<SignInSheet> signInSheet_;
+    QPointer<QMenu> userMenu_;
 };
