@@ -25,6 +25,7 @@
 #include "platform/UserDefaultsManager.h"
 #include "service/MakerSite.h"
 #include "ui/navigation/NavigationViewController.h"
+#include "ui/navigation/SheetFocus.h"
 #include "ui/navigation/UpdateBar.h"
 #include "ui/screens/UploadBaseViewController.h"
 
@@ -115,6 +116,7 @@ bool AppDelegate::applicationShouldTerminate() {
     alert->setDefaultButton(yes);
     alert->setWindowModality(Qt::WindowModal);
     alert->setAttribute(Qt::WA_DeleteOnClose);
+    SheetFocus::returnAfter(alert);
     connect(alert, &QMessageBox::finished, this, [this, alert, yes] {
         quitConfirmation_ = nullptr;  // answered; the next request asks again
         alertDidEnd(alert->clickedButton() == yes ? kAlertFirstButtonReturn
@@ -223,5 +225,6 @@ void AppDelegate::about() {
         QStringLiteral("Gets video files ready for a media-asset web service."));
     box->setWindowModality(Qt::WindowModal);
     box->setAttribute(Qt::WA_DeleteOnClose);
+    SheetFocus::returnAfter(box);
     box->open();
 }

@@ -3,6 +3,7 @@
 #include <cstring>
 
 #include "app/AppDelegate.h"
+#include "app/FirstPaintReport.h"
 #include "platform/ApplicationInfo.h"
 #include "platform/Log.h"
 #include "platform/SingleInstance.h"
@@ -48,6 +49,7 @@ int main(int argc, char** argv) {
     AppDelegate delegate(AppDelegate::Parts::application());
     AppDelegateInterface::setApplicationDelegate(&delegate);
     delegate.listenForReopen(instance);
+    FirstPaintReport::watchIfAsked(delegate.window());
     delegate.applicationDidFinishLaunching();
     if (!files.isEmpty()) {
         delegate.addFilesToRootScreen(files);

@@ -243,6 +243,8 @@ void DataManager::postCompletionIfLocalJobIsDone() {
         }
     }
     endJob();
+    LOG_INFO("Local encode ended: {} completed, {} failed into {}", uploadedFiles_.size(),
+             failedFiles().size(), localEncodeOutputDirUrl_.toLocalFile());
     post(kNotificationDidFinishUploading);
 }
 

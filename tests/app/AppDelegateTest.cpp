@@ -6,6 +6,7 @@
 #include <QProcess>
 #include <QPushButton>
 #include <QTemporaryDir>
+#include <QTest>
 
 #include "app/AppDelegate.h"
 #include "jobs/DataManager.h"
@@ -140,6 +141,35 @@ TEST_F(LaunchedApp, QuitAsksEveryTimeNoKeepsTheJobAndYesRemovesItsUnfinishedEnco
     EXPECT_EQ(quits, 1);
     EXPECT_TRUE(waitUntil([] { return encodesInWorkFolder().isEmpty(); }));
     EXPECT_TRUE(QDir(output.path()).isEmpty());
+}
+
+// Without a window manager nobody gives the window back its keyboard once the question is gone,
+// and the shortcuts of the screen would go nowhere.
+TEST_F(LaunchedApp, NoGivesTheKeyboardBackToTheWidgetThatHadIt) {
+    launch();
+    MainWindow* window = delegate->window();
+    window->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window));
+    QWidget* had = nullptr;
+    for (QWidget* widget : window->findChildren<QWidget*>()) {
+        if (widget->isVisible() && widget->focusPolicy() != Qt::NoFocus) {
+            had = widget;
+        }
+    }
+    ASSERT_NE(had, nullptr);
+    had->setFocus(Qt::OtherFocusReason);
+    ASSERT_TRUE(waitUntil([&] { return QApplication::focusWidget() == had; }));
+
+    delegate->applicationShouldTerminate();
+    ASSERT_NE(delegate->quitConfirmation(), nullptr);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(delegate->quitConfirmation()));
+    answer(delegate->quitConfirmation(), "No");
+    settle();  // the window system's word on who has the keyboard comes late
+    EXPECT_TRUE(waitUntil([&] { return QApplication::focusWidget() == had; }))
+        << "focus is on " << (QApplication::focusWidget() != nullptr
+                                  ? QApplication::focusWidget()->metaObject()->className()
+                                  : "nothing");
+    EXPECT_TRUE(window->isActiveWindow());
 }
 
 TEST_F(LaunchedApp, WillSleepStopsUploadsOnlyWhenTheAssertionWasTaken) {

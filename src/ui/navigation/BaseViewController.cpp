@@ -10,6 +10,7 @@
 #include "ui/controls/Fonts.h"
 #include "ui/controls/ViewGeometry.h"
 #include "ui/navigation/NavigationViewController.h"
+#include "ui/navigation/SheetFocus.h"
 
 namespace {
 
@@ -173,6 +174,7 @@ QMessageBox* BaseViewController::openAlert(const QString& message) {
                                 QMessageBox::Ok, window());
     box->setWindowModality(Qt::WindowModal);
     connect(box, &QDialog::finished, box, &QObject::deleteLater);
+    SheetFocus::returnAfter(box);
     alert_ = box;
     box->open();
     return box;

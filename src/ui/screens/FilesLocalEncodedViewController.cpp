@@ -156,6 +156,7 @@ void FilesLocalEncodedViewController::tryAgainButtonDidTouch() {
 
 void FilesLocalEncodedViewController::activateView() {
     BaseViewController::activateView();
+    LOG_INFO("Results shown: {}", ui_->uploadCountLabel->text());
     removeViewsFromTitleBar();
 }
 

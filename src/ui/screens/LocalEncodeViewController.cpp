@@ -23,6 +23,7 @@
 #include "ui/controls/RoundedView.h"
 #include "ui/files/DragAndDropDestinationView.h"
 #include "ui/files/FilesTableView.h"
+#include "ui/navigation/SheetFocus.h"
 #include "ui_LocalEncodeViewController.h"
 
 namespace {
@@ -211,6 +212,7 @@ void LocalEncodeViewController::selectOutDirButtonDidTouch() {
     panel.setLabelText(QFileDialog::Accept, QStringLiteral("Select"));
     const QString current = sharedOutputDirectory().toLocalFile();
     panel.setDirectory(QDir(current).exists() ? current : QDir::homePath());
+    SheetFocus::returnAfter(&panel);
     if (panel.exec() == QDialog::Accepted && !panel.selectedUrls().isEmpty()) {
         sharedOutputDirectory() = panel.selectedUrls().constFirst();
         showOutputDirectory();

@@ -27,6 +27,7 @@
 #include "ui/controls/ViewGeometry.h"
 #include "ui/files/DragAndDropDestinationView.h"
 #include "ui/files/FilesTableView.h"
+#include "ui/navigation/SheetFocus.h"
 #include "ui/session/SignInSheet.h"
 
 namespace {
@@ -110,6 +111,7 @@ void UploadBaseViewController::userButtonDidTouch() {
     if (signInSheet_ == nullptr || !signInSheet_->isVisible()) {
         signInSheet_ = new SignInSheet(dataManager(), window());
         signInSheet_->setAttribute(Qt::WA_DeleteOnClose);
+        SheetFocus::returnAfter(signInSheet_);
     }
     signInSheet_->open();
     signInSheet_->raise();
@@ -214,6 +216,7 @@ void UploadBaseViewController::didFinishLoadingDetailsForFile(const Notification
 // Files are moved, not copied: a probe result that arrives after its batch ended makes a batch
 // of its own and must not bring back what was already taken or named.
 void UploadBaseViewController::addFilesToTableView() {
+    const int rowsBefore = outlets_.filesTableView->numberOfRows();
     for (const FilePtr& file : std::as_const(filesToAdd_)) {
         // Overlapping batches may both hold a file that was picked twice.
         if (!listContainsFileAtURL(file->url())) {
@@ -221,6 +224,8 @@ void UploadBaseViewController::addFilesToTableView() {
         }
     }
     if (!filesToAdd_.isEmpty()) {
+        const int rows = outlets_.filesTableView->numberOfRows();
+        LOG_INFO("{} file(s) joined the list, {} in all", rows - rowsBefore, rows);
         showPlaceholderForTableView(outlets_.filesTableView->numberOfRows() == 0);
         outlets_.filesTableView->setFocus(Qt::OtherFocusReason);
     }
@@ -234,7 +239,9 @@ void UploadBaseViewController::addFilesToTableView() {
 }
 
 void UploadBaseViewController::showFileTypeNotSupportedMessage() {
-    showAlertWithMessage(FileSelection::notSupportedMessage(filesNotSupported_));
+    const QString message = FileSelection::notSupportedMessage(filesNotSupported_);
+    LOG_INFO("{}", message);
+    showAlertWithMessage(message);
 }
 
 void UploadBaseViewController::selectFilesButtonDidTouch() {
@@ -247,6 +254,7 @@ void UploadBaseViewController::selectFilesButtonDidTouch() {
     QFileDialog panel(window(), QStringLiteral("Select files"), lastPickedFolder());
     panel.setFileMode(QFileDialog::ExistingFiles);
     panel.setAcceptMode(QFileDialog::AcceptOpen);
+    SheetFocus::returnAfter(&panel);
     const bool chosen = panel.exec() == QDialog::Accepted;
     QTimer::singleShot(kSelectFilesReenableDelayMs, this,
                        &UploadBaseViewController::setSelectFilesButtonEnabled);

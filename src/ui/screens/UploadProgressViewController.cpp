@@ -13,6 +13,7 @@
 #include "platform/NotificationCenter.h"
 #include "ui/controls/Fonts.h"
 #include "ui/controls/ViewGeometry.h"
+#include "ui/navigation/SheetFocus.h"
 #include "ui/screens/FilesLocalEncodedViewController.h"
 #include "ui_UploadProgressViewController.h"
 
@@ -294,6 +295,7 @@ void UploadProgressViewController::stopButtonDidTouch() {
             stopJob();
         }
     });
+    SheetFocus::returnAfter(box);
     stopQuestion_ = box;
     box->open();
 }
