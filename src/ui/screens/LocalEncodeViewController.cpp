@@ -46,18 +46,7 @@ LocalEncodeViewController::LocalEncodeViewController(AppDelegateInterface* appDe
         this, MakerSite::kNotificationAdReady,
         [this](const Notification& notification) { showAd(notification); });
     ui_->setupUi(this);
-    setOutlets({.coloredView = ui_->coloredView,
-                .dragAndDropDestinationView = ui_->dragAndDropDestinationView,
-                .filesTableView = ui_->filesTableView,
-                .filesTableFrame = ui_->filesTableFrame,
-                .filesPlaceholder = ui_->filesPlaceholder,
-                .statusLabel = ui_->statusLabel,
-                .addButton = ui_->addButton,
-                .uploadButton = ui_->uploadButton,
-                .selectFilesButton = ui_->selectFilesButton,
-                .mediaLibButton = ui_->mediaLibButton,
-                .projectButton = ui_->projectButton,
-                .localButton = ui_->localButton});
+    setOutletsFrom(*ui_);
 }
 
 LocalEncodeViewController::~LocalEncodeViewController() {
@@ -122,13 +111,12 @@ void LocalEncodeViewController::signUpForNotifications() {
     });
     center.addObserver(this, kNotificationDidFinishLoadingPermissions,
                        [this](const Notification&) { setRightsState(true, {}); });
-    center.addObserver(this, kNotificationDidFailLoadingPermissions,
-                       [this](const Notification& notification) {
-                           const auto error = notification.object.value<ErrorResponsePtr>();
-                           setRightsState(false, error && !error->message.isEmpty()
-                                                     ? error->message
-                                                     : QStringLiteral("no answer"));
-                       });
+    center.addObserver(
+        this, kNotificationDidFailLoadingPermissions, [this](const Notification& notification) {
+            const auto error = notification.object.value<ErrorResponsePtr>();
+            setRightsState(false, error && !error->message.isEmpty() ? error->message
+                                                                     : QStringLiteral("no answer"));
+        });
     center.addObserver(this, kNotificationDidFinishLoggingOut,
                        [this](const Notification&) { setRightsState(false, {}); });
 }
@@ -162,9 +150,7 @@ void LocalEncodeViewController::setUploadScreenFactories(ScreenFactory project,
     mediaLibScreenFactory_ = std::move(mediaLibrary);
 }
 
-void LocalEncodeViewController::projectButtonDidTouch() {
-    pushUploadScreen(projectScreenFactory_);
-}
+void LocalEncodeViewController::projectButtonDidTouch() { pushUploadScreen(projectScreenFactory_); }
 
 void LocalEncodeViewController::mediaLibButtonDidTouch() {
     pushUploadScreen(mediaLibScreenFactory_);

@@ -28,18 +28,7 @@ MediaLibraryUploadViewController::MediaLibraryUploadViewController(
     : UploadBaseViewController(appDelegate, dataManager),
       ui_(std::make_unique<Ui::MediaLibraryUploadViewController>()) {
     ui_->setupUi(this);
-    setOutlets({.coloredView = ui_->coloredView,
-                .dragAndDropDestinationView = ui_->dragAndDropDestinationView,
-                .filesTableView = ui_->filesTableView,
-                .filesTableFrame = ui_->filesTableFrame,
-                .filesPlaceholder = ui_->filesPlaceholder,
-                .statusLabel = ui_->statusLabel,
-                .addButton = ui_->addButton,
-                .uploadButton = ui_->uploadButton,
-                .selectFilesButton = ui_->selectFilesButton,
-                .mediaLibButton = ui_->mediaLibButton,
-                .projectButton = ui_->projectButton,
-                .localButton = ui_->localButton});
+    setOutletsFrom(*ui_);
 }
 
 MediaLibraryUploadViewController::~MediaLibraryUploadViewController() = default;
@@ -105,16 +94,8 @@ void MediaLibraryUploadViewController::didLoadCategories(
     }
     setWaiting(Waiting::Nothing);
     categories_ = categories;
-    ui_->categoryPopup->clear();
-    for (const MediaLibraryCategoryPtr& category : categories_) {
-        ui_->categoryPopup->addItem(category->name);
-    }
-    ui_->categoryPopup->setCurrentIndex(-1);
-    if (categories_.isEmpty()) {
-        ui_->catalogueStatus->showNote(QStringLiteral("There are no categories to upload to."));
-    } else {
-        ui_->catalogueStatus->clear();
-    }
+    UploadScreenLayout::fillPopup(*ui_->categoryPopup, categories_, *ui_->catalogueStatus,
+                                  QStringLiteral("There are no categories to upload to."));
     layoutColumn();
 }
 

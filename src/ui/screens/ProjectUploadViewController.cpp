@@ -30,26 +30,16 @@ ProjectUploadViewController::ProjectUploadViewController(AppDelegateInterface* a
     : UploadBaseViewController(appDelegate, dataManager),
       ui_(std::make_unique<Ui::ProjectUploadViewController>()) {
     ui_->setupUi(this);
-    setOutlets({.coloredView = ui_->coloredView,
-                .dragAndDropDestinationView = ui_->dragAndDropDestinationView,
-                .filesTableView = ui_->filesTableView,
-                .filesTableFrame = ui_->filesTableFrame,
-                .filesPlaceholder = ui_->filesPlaceholder,
-                .statusLabel = ui_->statusLabel,
-                .addButton = ui_->addButton,
-                .uploadButton = ui_->uploadButton,
-                .selectFilesButton = ui_->selectFilesButton,
-                .mediaLibButton = ui_->mediaLibButton,
-                .projectButton = ui_->projectButton,
-                .localButton = ui_->localButton});
+    setOutletsFrom(*ui_);
 }
 
 ProjectUploadViewController::~ProjectUploadViewController() = default;
 
 void ProjectUploadViewController::awakeFromNib() {
     UploadBaseViewController::awakeFromNib();
-    UploadScreenLayout::setUp(*this, {ui_->heading, ui_->filesTableFrame, ui_->statusLabel, ui_->metadataScrollArea},
-                              {ui_->projectTitle, ui_->folderTitle, ui_->descriptionTitle});
+    UploadScreenLayout::setUp(
+        *this, {ui_->heading, ui_->filesTableFrame, ui_->statusLabel, ui_->metadataScrollArea},
+        {ui_->projectTitle, ui_->folderTitle, ui_->descriptionTitle});
     ui_->descriptionField->setPlaceholder(QStringLiteral("Optional"));
     ui_->tagsView->setDelegate(this);
     ui_->projectPopup->setPlaceholderText(QStringLiteral("Choose a project"));
@@ -89,9 +79,7 @@ QListWidget* ProjectUploadViewController::folderList() const { return ui_->folde
 LoadingStatusView* ProjectUploadViewController::catalogueStatus() const {
     return ui_->catalogueStatus;
 }
-InputView* ProjectUploadViewController::descriptionField() const {
-    return ui_->descriptionField;
-}
+InputView* ProjectUploadViewController::descriptionField() const { return ui_->descriptionField; }
 TagsView* ProjectUploadViewController::tagsView() const { return ui_->tagsView; }
 
 FolderPtr ProjectUploadViewController::selectedFolder() const {
@@ -116,16 +104,8 @@ void ProjectUploadViewController::didLoadProjects(const ProjectList& projects) {
     }
     setWaiting(Waiting::Nothing);
     projects_ = projects;
-    ui_->projectPopup->clear();
-    for (const ProjectPtr& project : projects_) {
-        ui_->projectPopup->addItem(project->name);
-    }
-    ui_->projectPopup->setCurrentIndex(-1);
-    if (projects_.isEmpty()) {
-        ui_->catalogueStatus->showNote(QStringLiteral("There are no projects to upload to."));
-    } else {
-        ui_->catalogueStatus->clear();
-    }
+    UploadScreenLayout::fillPopup(*ui_->projectPopup, projects_, *ui_->catalogueStatus,
+                                  QStringLiteral("There are no projects to upload to."));
     layoutColumn();
 }
 

@@ -119,6 +119,22 @@ protected:
         ButtonWithImage* localButton = nullptr;
     };
     void setOutlets(const Outlets& outlets) { outlets_ = outlets; }
+    // Every screen's layout names these pieces alike.
+    template <class Layout>
+    void setOutletsFrom(const Layout& ui) {
+        setOutlets({.coloredView = ui.coloredView,
+                    .dragAndDropDestinationView = ui.dragAndDropDestinationView,
+                    .filesTableView = ui.filesTableView,
+                    .filesTableFrame = ui.filesTableFrame,
+                    .filesPlaceholder = ui.filesPlaceholder,
+                    .statusLabel = ui.statusLabel,
+                    .addButton = ui.addButton,
+                    .uploadButton = ui.uploadButton,
+                    .selectFilesButton = ui.selectFilesButton,
+                    .mediaLibButton = ui.mediaLibButton,
+                    .projectButton = ui.projectButton,
+                    .localButton = ui.localButton});
+    }
 
     void awakeFromNib() override;
     void signUpForNotifications() override;

@@ -1,5 +1,6 @@
 #include "ui/screens/UploadScreenLayout.h"
 
+#include <QComboBox>
 #include <QLabel>
 #include <QScrollArea>
 #include <QShortcut>
@@ -8,6 +9,7 @@
 #include "platform/NotificationCenter.h"
 #include "ui/controls/ButtonWithImage.h"
 #include "ui/controls/Fonts.h"
+#include "ui/controls/LoadingStatusView.h"
 #include "ui/controls/RoundedButton.h"
 #include "ui/controls/RoundedView.h"
 #include "ui/files/FilesTableView.h"
@@ -26,9 +28,9 @@ void UploadScreenLayout::setUp(UploadBaseViewController& screen, const Pieces& p
     screen.filesTableView()->setHasDoNotEncode(true);
     screen.filesTableView()->setHasPreserveOriginal(true);
     // The title strip's Back leads to the other sources; the list's own buttons would repeat it.
-    for (QWidget* unused : std::initializer_list<QWidget*>{
-             screen.localButton(), screen.mediaLibButton(), screen.projectButton(),
-             screen.addButton()}) {
+    for (QWidget* unused :
+         std::initializer_list<QWidget*>{screen.localButton(), screen.mediaLibButton(),
+                                         screen.projectButton(), screen.addButton()}) {
         unused->hide();
     }
     for (const QKeySequence& keys :
@@ -63,6 +65,18 @@ void UploadScreenLayout::stackColumn(QWidget& content, const QList<QWidget*>& vi
         gap = qobject_cast<QLabel*>(view) != nullptr ? kGapUnderCaption : kGapBetweenGroups;
     }
     content.resize(content.width(), y + kContentBottomMargin);
+}
+
+void UploadScreenLayout::fillPopupWithNames(QComboBox& popup, const QStringList& names,
+                                            LoadingStatusView& status, const QString& emptyNote) {
+    popup.clear();
+    popup.addItems(names);
+    popup.setCurrentIndex(-1);
+    if (names.isEmpty()) {
+        status.showNote(emptyNote);
+    } else {
+        status.clear();
+    }
 }
 
 QString UploadScreenLayout::failureText(const Notification& notification) {
