@@ -26,7 +26,7 @@ COVERAGE_DIR ?= build-coverage
 coverage: deps
 	cmake -S . -B $(COVERAGE_DIR) -DCMAKE_BUILD_TYPE=Debug \
 	  -DCMAKE_CXX_FLAGS="--coverage -O0 -g" -DCMAKE_EXE_LINKER_FLAGS=--coverage
-	cmake --build $(COVERAGE_DIR) -j $(JOBS) --target orvale_tests orvale_ui_tests
+	cmake --build $(COVERAGE_DIR) -j $(JOBS) --target orvale_tests orvale_ui_tests orvale
 	find $(COVERAGE_DIR) -name '*.gcda' -delete
 	ctest --test-dir $(COVERAGE_DIR) --output-on-failure -j $(JOBS)
 	gcovr --root . --object-directory $(COVERAGE_DIR) --filter 'src/' --filter 'cli/' \
