@@ -202,15 +202,13 @@ TEST_F(UploadScreens, SigningInEnablesTheSourcesTheUserHasTheRightFor) {
         EXPECT_EQ(root->projectButton()->toolTip(), signInFirst + "a project folder");
     }
 
-    // Remembered: the last one who asked, without any password.
+    // Remembered: the last one who asked, without any password (what reaches the disk is the
+    // session's test to show).
     QTest::mouseClick(root->userButton(), Qt::LeftButton);
     ASSERT_NE(root->signInSheet(), nullptr);
     EXPECT_EQ(root->signInSheet()->addressField()->text(), service->host());
     EXPECT_EQ(root->signInSheet()->usernameField()->text(), "carol");
     EXPECT_TRUE(root->signInSheet()->passwordField()->text().isEmpty());
-    const QByteArray stored = contentsOf(settingsDir.filePath("Orvale.ini"));
-    EXPECT_FALSE(stored.contains("no rights"));
-    EXPECT_FALSE(stored.contains("wonder"));
 }
 
 TEST_F(UploadScreens, AProjectUploadSendsTheChosenFolderTagDescriptionAndTheUntouchedSource) {
