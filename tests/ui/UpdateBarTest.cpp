@@ -1,9 +1,7 @@
 #include <gtest/gtest.h>
 
-#include <QFile>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QTemporaryDir>
 #include <QToolButton>
 
 #include "platform/ApplicationInfo.h"
@@ -12,6 +10,7 @@
 #include "support/ScopedEnvironment.h"
 #include "support/ScreenHarness.h"
 #include "support/ServiceProcess.h"
+#include "support/TestMedia.h"
 #include "ui/controls/ImageView.h"
 #include "ui/navigation/TitleStrip.h"
 #include "ui/navigation/UpdateBar.h"
@@ -58,13 +57,11 @@ TEST(UpdateBar, ShowsBelowTheTitleStripWithoutTakingRoomFromTheScreensAndCloses)
 }
 
 TEST(UpdateBar, AnnouncesTheVersionTheMakerSiteOffers) {
-    QTemporaryDir dir;
     const QString newer = ApplicationInfo::current().shortVersion + ".1";
-    QFile fixture(dir.filePath("site.json"));
-    ASSERT_TRUE(fixture.open(QIODevice::WriteOnly));
-    fixture.write(QJsonDocument(QJsonObject{{"site", QJsonObject{{"version", newer}}}}).toJson());
-    fixture.close();
-    ServiceProcess site({"--fixture", fixture.fileName()});
+    const QString fixture = TestMedia::textFile(
+        "site.json",
+        QJsonDocument(QJsonObject{{"site", QJsonObject{{"version", newer}}}}).toJson());
+    ServiceProcess site({"--fixture", fixture});
     ASSERT_TRUE(site.isRunning()) << site.errorString().toStdString();
     ScopedEnvironment makerSite("ORVALE_MAKER_SITE", site.host().toUtf8());
 
