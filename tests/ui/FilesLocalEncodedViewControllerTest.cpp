@@ -66,7 +66,7 @@ protected:
 }  // namespace
 
 // Where each part of the stack goes is the results layout's test; here the screen follows it.
-TEST_F(ResultsScreen, ShowsTheCountAndTheFailedFilesInAStackCentredInTheBackground) {
+TEST_F(ResultsScreen, ShowsTheCountAndTheFailedFilesInAStackCentredAndGoesHomeOnce) {
     struct Case {
         int failed;
         int scrollHeight;
@@ -89,17 +89,12 @@ TEST_F(ResultsScreen, ShowsTheCountAndTheFailedFilesInAStackCentredInTheBackgrou
                       QRectF(0, 26 * (c.failed - 1), results->logView()->width(), 20));
             EXPECT_EQ(results->logRows().first()->text(), "gone-0.mov");
         }
+        QTest::mouseClick(results->homeButton(), Qt::LeftButton);
+        QTest::mouseClick(results->homeButton(), Qt::LeftButton);
+        EXPECT_FALSE(results->homeButton()->isActionEnabled());
+        ASSERT_TRUE(harness.waitForSlides());  // the popped screens are gone after their slide
+        EXPECT_EQ(harness.navigationView().viewStack().size(), 1);
     }
-}
-
-TEST_F(ResultsScreen, BackToHomeActsOnce) {
-    runJobWithFailures(1);
-    FilesLocalEncodedViewController* results = showResults();
-    QTest::mouseClick(results->homeButton(), Qt::LeftButton);
-    QTest::mouseClick(results->homeButton(), Qt::LeftButton);
-    EXPECT_FALSE(results->homeButton()->isActionEnabled());
-    ASSERT_TRUE(harness.waitForSlides());  // the popped screen is gone after its slide
-    EXPECT_EQ(harness.navigationView().viewStack().size(), 1);
 }
 
 TEST_F(ResultsScreen, TryAgainEncodesTheFailedFilesOnceAndTheProgressScreenFollows) {
