@@ -4,7 +4,7 @@
 #include "model/RoundedViewImages.h"
 
 // That the named images exist, at both scales, is the image set's test to show.
-TEST(ControlStyles, NinePartsForTheBigFieldThreeForTheRestAndNothingForUnknownTypes) {
+TEST(ControlStyles, NinePiecesForTheBigFieldThreeForTheRestAndNoneForUnknownTypes) {
     for (int type = 0; type <= 18; ++type) {
         EXPECT_EQ(RoundedViewImages::imagesForType(type).size(), type == 2 ? 9 : 3) << type;
     }
