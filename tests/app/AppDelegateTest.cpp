@@ -166,9 +166,10 @@ TEST_F(LaunchedApp, NoGivesTheKeyboardBackToTheWidgetThatHadIt) {
     answer(delegate->quitConfirmation(), "No");
     settle();  // the window system's word on who has the keyboard comes late
     EXPECT_TRUE(waitUntil([&] { return QApplication::focusWidget() == had; }))
-        << "focus is on " << (QApplication::focusWidget() != nullptr
-                                  ? QApplication::focusWidget()->metaObject()->className()
-                                  : "nothing");
+        << "focus is on "
+        << (QApplication::focusWidget() != nullptr
+                ? QApplication::focusWidget()->metaObject()->className()
+                : "nothing");
     EXPECT_TRUE(window->isActiveWindow());
 }
 
@@ -187,19 +188,6 @@ TEST_F(LaunchedApp, WillSleepStopsUploadsOnlyWhenTheAssertionWasTaken) {
     EXPECT_TRUE(granted.sink().contains("stopUploading"));
     EXPECT_EQ(power.lastName, "Describe Activity Type");
     EXPECT_EQ(power.held, 0);
-}
-
-TEST_F(LaunchedApp, ALaunchWithoutANewCrashLogLeavesCaptureOffAndTheRecordWaiting) {
-    QDir().mkpath(reporterOptions().pendingRecordFolder);
-    QFile record(crashReporter.pendingRecordPath());
-    ASSERT_TRUE(record.open(QIODevice::WriteOnly));
-    record.write("a record of an earlier crash");
-    record.close();
-
-    launch();
-    waitUntil([] { return false; }, 300);
-    EXPECT_FALSE(crashReporter.isEnabled());
-    EXPECT_TRUE(crashReporter.hasPendingCrashReport());
 }
 
 TEST_F(LaunchedApp, ACrashOfThePreviousRunReachesTheServerOnBothChannels) {
@@ -226,8 +214,8 @@ TEST_F(LaunchedApp, ALaterStartBringsTheWindowBackWithItsFilesInTheList) {
     launch();
     delegate->window()->hide();
     const QString clip = TestMedia::video(320, 240, 1);
-    delegate->applicationShouldHandleReopen({TestMedia::copyNamed(clip, "handed-a.mov"),
-                                             TestMedia::copyNamed(clip, "handed-b.mov")});
+    delegate->applicationShouldHandleReopen(
+        {TestMedia::copyNamed(clip, "handed-a.mov"), TestMedia::copyNamed(clip, "handed-b.mov")});
     EXPECT_TRUE(delegate->window()->isVisible());
     const auto* root = delegate->window()->findChild<UploadBaseViewController*>();
     ASSERT_NE(root, nullptr);

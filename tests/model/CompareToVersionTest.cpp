@@ -16,7 +16,7 @@ void PrintTo(const VersionPair& row, std::ostream* out) {
 
 class CompareVersions : public testing::TestWithParam<VersionPair> {};
 
-TEST_P(CompareVersions, ComparesPartsByTheirLeadingIntegers) {
+TEST_P(CompareVersions, ComparesComponentsByTheirLeadingIntegers) {
     const QString version = QString::fromUtf8(GetParam().version);
     const QString other = QString::fromUtf8(GetParam().other);
     const int expected = GetParam().result;

@@ -45,9 +45,3 @@ TEST(ControlLayout, PlacesTitlesByTheirRules) {
     EXPECT_EQ(ControlLayout::adjustedFrameToVerticallyCenterText({0, 10, 50, 32}, 17),
               QRectF(0, 17, 50, 18));
 }
-
-TEST(ControlLayout, IconButtonsGrowToTheirTitleButNeverShrink) {
-    EXPECT_DOUBLE_EQ(ControlLayout::iconButtonWidth(30, 100), 135);  // 100 + 5 + 26 + 4
-    EXPECT_DOUBLE_EQ(ControlLayout::iconButtonWidth(200, 100), 200);
-    EXPECT_DOUBLE_EQ(ControlLayout::iconButtonWidth(135, 100), 135);
-}

@@ -36,13 +36,7 @@ INSTANTIATE_TEST_SUITE_P(Texts, IsValidNumber,
                                          NumericText{"0x10", false}, NumericText{"1,5", false},
                                          NumericText{"- 1", false}));
 
-TEST(ConvenienceMethods, OnlyStringsCanBeValidNumbers) {
-    EXPECT_FALSE(ConvenienceMethods::isValidNumber(QJsonValue(3.5)));
-    EXPECT_FALSE(ConvenienceMethods::isValidNumber(QJsonValue(true)));
-    EXPECT_FALSE(ConvenienceMethods::isValidNumber(QJsonValue(QJsonValue::Null)));
-    EXPECT_FALSE(ConvenienceMethods::isValidNumber(QJsonValue(QJsonValue::Undefined)));
-}
-
+// Numbers, true and null are no numeric texts, however numeric they look.
 TEST(ConvenienceMethods, AMissingValueIsNeitherNullNorNotNull) {
     struct Row {
         QJsonValue value;
@@ -51,12 +45,14 @@ TEST(ConvenienceMethods, AMissingValueIsNeitherNullNorNotNull) {
     };
     const Row rows[] = {{QJsonValue(QJsonValue::Null), true, false},
                         {QJsonValue(QJsonValue::Undefined), false, false},
-                        {QJsonValue(0), false, true},
+                        {QJsonValue(3.5), false, true},
+                        {QJsonValue(true), false, true},
                         {QJsonValue(QString()), false, true},
                         {QJsonValue(false), false, true}};
     for (const Row& row : rows) {
         EXPECT_EQ(ConvenienceMethods::isNull(row.value), row.isNull) << row.value.type();
         EXPECT_EQ(ConvenienceMethods::notNull(row.value), row.notNull) << row.value.type();
+        EXPECT_FALSE(ConvenienceMethods::isValidNumber(row.value)) << row.value.type();
     }
 }
 

@@ -36,7 +36,10 @@ INSTANTIATE_TEST_SUITE_P(Texts, ColorWithHexString,
                                          HexColor{"8f05", 0xff, 0x00, 0x55, 0x88},
                                          HexColor{"#1a2b3c", 0x1a, 0x2b, 0x3c, 255},
                                          HexColor{"#7f1a2b3c", 0x1a, 0x2b, 0x3c, 0x7f},
-                                         HexColor{"##a#bc", 0xaa, 0xbb, 0xcc, 255}));
+                                         HexColor{"##a#bc", 0xaa, 0xbb, 0xcc, 255},
+                                         // a component stops at its first non-hex digit
+                                         HexColor{"#1g2a3b", 1, 0x2a, 0x3b, 255},
+                                         HexColor{"#g00", 0, 0, 0, 255}));
 
 TEST(HEX, OtherLengthsAreRejectedWithTheTextAsPassed) {
     for (const char* text : {"", "#", "#12", "#12345", "#1234567", "#123456789"}) {
@@ -46,20 +49,10 @@ TEST(HEX, OtherLengthsAreRejectedWithTheTextAsPassed) {
             ADD_FAILURE() << "accepted " << text;
         } catch (const InvalidColorValueException& error) {
             EXPECT_EQ(error.name(), QStringLiteral("Invalid color value"));
-            EXPECT_EQ(QString::fromStdString(error.what()),
-                      QStringLiteral("Color value %1 is invalid.  It should be a hex value of the "
-                                     "form #RBG, #ARGB, #RRGGBB, or #AARRGGBB")
-                          .arg(hex));
+            EXPECT_TRUE(QString(error.what()).startsWith("Color value " + hex + " is invalid."))
+                << error.what();
         }
     }
-}
-
-TEST(HEX, ComponentsDoubleSingleDigitsAndStopAtNonHexDigits) {
-    EXPECT_DOUBLE_EQ(HEX::colorComponentFrom(QStringLiteral("F"), 0, 1), 1.0);
-    EXPECT_DOUBLE_EQ(HEX::colorComponentFrom(QStringLiteral("x8"), 1, 1), 0x88 / 255.0);
-    EXPECT_DOUBLE_EQ(HEX::colorComponentFrom(QStringLiteral("AB80"), 2, 2), 0x80 / 255.0);
-    EXPECT_DOUBLE_EQ(HEX::colorComponentFrom(QStringLiteral("GG"), 0, 2), 0.0);
-    EXPECT_DOUBLE_EQ(HEX::colorComponentFrom(QStringLiteral("1G"), 0, 2), 1 / 255.0);
 }
 
 }  // namespace

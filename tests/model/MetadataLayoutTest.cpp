@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include "model/CreditsLayout.h"
 #include "model/TagLayout.h"
 
 TEST(TagLayout, SizesAChipToItsTextUpToTheLongLabel) {
@@ -41,14 +40,4 @@ TEST(TagLayout, ReflowsFromTheIndexAcrossRowEnds) {
     EXPECT_FALSE(TagLayout::overflows({220, 0, 100, 26}, 320));
     EXPECT_TRUE(TagLayout::overflows({220.5, 0, 100, 26}, 320));
     EXPECT_EQ(TagLayout::originAfter({0, 36, 85.3, 26}).x(), static_cast<qreal>(85.3f + 10.0f));
-}
-
-TEST(CreditsLayout, StacksInputsUnderTheTitle) {
-    EXPECT_DOUBLE_EQ(CreditsLayout::frameHeight(17, std::nullopt, 15), 46);  // placeholder
-    EXPECT_DOUBLE_EQ(CreditsLayout::frameHeight(17, 0, 15), 17);             // title only
-    EXPECT_DOUBLE_EQ(CreditsLayout::frameHeight(17, 3, 15), 155);            // title + 138
-    EXPECT_DOUBLE_EQ(CreditsLayout::titleY(155, 17), 138);
-    EXPECT_EQ(CreditsLayout::inputFrame(138, 0), QRectF(0, 92, 302, 32));
-    EXPECT_EQ(CreditsLayout::inputFrame(138, 2), QRectF(0, 0, 302, 32));
-    EXPECT_DOUBLE_EQ(CreditsLayout::placeholderY(29, 15), 0);
 }

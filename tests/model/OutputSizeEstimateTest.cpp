@@ -3,21 +3,14 @@
 #include "media/TranscodeCommand.h"
 #include "model/FileListTexts.h"
 #include "model/OutputSizeEstimate.h"
+#include "support/VideoFile.h"
 
 namespace {
 
 const QLocale kEnglish(QLocale::English, QLocale::UnitedStates);
 
-FilePtr video(double durationMs, const char* minBitrate = "", const char* maxBitrate = "") {
-    auto file = std::make_shared<File>();
-    file->isVideo = true;
-    file->videoDetail = std::make_shared<VideoDetail>();
-    file->videoDetail->duration = durationMs;
-    file->videoDetail->width = 1280;
-    file->videoDetail->height = 720;
-    file->videoDetail->minBitrate = QLatin1String(minBitrate);
-    file->videoDetail->maxBitrate = QLatin1String(maxBitrate);
-    return file;
+FilePtr video(double durationMs, const QString& minBitrate = {}, const QString& maxBitrate = {}) {
+    return videoFile({}, 1280, 720, durationMs, minBitrate, maxBitrate);
 }
 
 FilePtr other(double bytes) {
@@ -64,8 +57,8 @@ TEST(OutputSizeEstimate, BandsTheEncodeBetweenItsBitratesWithTheAudio) {
 TEST(OutputSizeEstimate, CountsTheAudioAtTheBitrateTheEncodeGivesIt) {
     File file(QUrl::fromLocalFile(QStringLiteral("/clips/a.mov")));
     file.videoDetail = std::make_shared<VideoDetail>();
-    const QStringList arguments =
-        TranscodeCommand::arguments(file, QStringLiteral("/out.mp4"), {QStringLiteral("aac"), false});
+    const QStringList arguments = TranscodeCommand::arguments(file, QStringLiteral("/out.mp4"),
+                                                              {QStringLiteral("aac"), false});
     const qsizetype audio = arguments.indexOf(QStringLiteral("-b:a"));
     ASSERT_GE(audio, 0);
     EXPECT_EQ(arguments.at(audio + 1),

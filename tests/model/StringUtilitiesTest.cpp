@@ -5,15 +5,6 @@
 
 namespace {
 
-const QString kProgressLine = QStringLiteral(
-    "frame=  100 fps= 25 q=28.0 size=     256kB time=00:00:04.00 bitrate= 524.3kbits/s");
-
-TEST(Contains, ReadsTheTimeFieldOfAProgressLine) {
-    const qsizetype start = Contains::indexAtEndOfSubstring(kProgressLine, QStringLiteral("time="));
-    EXPECT_EQ(Contains::substringFromIndex(kProgressLine, start, QStringLiteral(" ")),
-              QStringLiteral("00:00:04.00"));
-}
-
 TEST(Contains, FindsTheFirstOccurrence) {
     struct Row {
         QString text;

@@ -45,9 +45,17 @@ using Activations = QList<QStringList>;
 
 }  // namespace
 
-TEST(SingleInstance, LaterStartsHandTheirFilesAsAbsolutePathsAndEnd) {
+TEST(SingleInstance, AfterOneKilledOnTheSpotLaterStartsHandTheirFilesAsAbsolutePathsAndEnd) {
     QTemporaryDir runtime;
     QTemporaryDir work;
+    {
+        OtherStart crashed(runtime.path(), {});
+        ASSERT_TRUE(crashed.said("running"));
+        crashed.process.kill();  // SIGKILL: the lock and the socket stay behind
+        ASSERT_TRUE(crashed.ended());
+    }
+    ASSERT_TRUE(QFileInfo::exists(QDir(runtime.path()).filePath("orvale.lock")));
+
     SingleInstance running(runtime.path());
     Activations activations;
     QObject::connect(&running, &SingleInstance::activationRequested,
@@ -68,26 +76,4 @@ TEST(SingleInstance, LaterStartsHandTheirFilesAsAbsolutePathsAndEnd) {
     ASSERT_TRUE(plain.said("handed over"));
     ASSERT_TRUE(waitUntil([&] { return activations.size() == 2; }));
     EXPECT_EQ(activations[1], QStringList());
-}
-
-TEST(SingleInstance, AnInstanceKilledOnTheSpotDoesNotKeepTheNextFromRunning) {
-    QTemporaryDir runtime;
-    {
-        OtherStart crashed(runtime.path(), {});
-        ASSERT_TRUE(crashed.said("running"));
-        crashed.process.kill();  // SIGKILL: the lock and the socket stay behind
-        ASSERT_TRUE(crashed.ended());
-    }
-    ASSERT_TRUE(QFileInfo::exists(QDir(runtime.path()).filePath("orvale.lock")));
-
-    SingleInstance next(runtime.path());
-    Activations activations;
-    QObject::connect(&next, &SingleInstance::activationRequested,
-                     [&](const QStringList& files) { activations << files; });
-    ASSERT_TRUE(next.start({}));
-
-    OtherStart later(runtime.path(), {QStringLiteral("/abs/c.mov")});
-    ASSERT_TRUE(later.said("handed over"));
-    ASSERT_TRUE(waitUntil([&] { return activations.size() == 1; }));
-    EXPECT_EQ(activations[0], QStringList{"/abs/c.mov"});
 }

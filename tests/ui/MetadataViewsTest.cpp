@@ -3,7 +3,6 @@
 #include <QLabel>
 #include <QTest>
 
-#include "model/TagLayout.h"
 #include "ui/controls/RoundedButton.h"
 #include "ui/controls/RoundedView.h"
 #include "ui/controls/VerticallyCenteredTextFieldCell.h"
@@ -37,14 +36,6 @@ protected:
     }
     QRectF frame() const { return ViewGeometry::frame(tags); }
     QRectF chip(qsizetype index) const { return tags->tagButtons().at(index)->frame(); }
-    // Adds short tags until one has to start the second row.
-    void fillFirstRowAndWrap() {
-        for (int i = 1;
-             tags->tagButtons().size() < 2 || tags->tagButtons().last()->frame().y() == chip(0).y();
-             ++i) {
-            type(QStringLiteral("tag %1").arg(i));
-        }
-    }
 
     QWidget parent;
     TagsView* tags;
@@ -72,10 +63,11 @@ TEST_F(Tags, TheFirstTagAddsARowAndSitsJustBelowTheEntryField) {
     EXPECT_EQ(frameChanges, 1);
 }
 
-TEST_F(Tags, ALongTagGetsTheLongLabelAndWrapsOntoANewRow) {
+// Reflowing across row ends is the tag layout's test; here the view follows it.
+TEST_F(Tags, ALongTagWrapsOntoANewRowThatGoesOnceTheFirstRowHasRoom) {
     type(QStringLiteral("short"));
     type(QString(120, QLatin1Char('w')));
-    const TagButton* long_ = tags->tagButtons().at(1);
+    TagButton* long_ = tags->tagButtons().at(1);
     EXPECT_DOUBLE_EQ(long_->labelFrame().width(), 265);
     EXPECT_DOUBLE_EQ(chip(1).width(), 305);
     EXPECT_TRUE(long_->shownTitle().endsWith(QChar(0x2026)));
@@ -83,21 +75,14 @@ TEST_F(Tags, ALongTagGetsTheLongLabelAndWrapsOntoANewRow) {
     EXPECT_EQ(chip(0).y(), 36);
     EXPECT_EQ(frame().height(), 126);
     EXPECT_EQ(frame().y() + frame().height(), kTopEdge);
-}
-
-TEST_F(Tags, DeletingOnTheFirstRowReflowsAndRemovesTheEmptiedRow) {
-    fillFirstRowAndWrap();
-    const qsizetype count = tags->tagButtons().size();
-    ASSERT_EQ(frame().height(), 126);
     const int changes = frameChanges;
 
     QTest::mouseClick(tags->tagButtons().at(0), Qt::LeftButton);
-    ASSERT_EQ(tags->tagButtons().size(), count - 1);
+    ASSERT_EQ(tags->tagButtons(), QList<TagButton*>{long_});
     EXPECT_EQ(frame().height(), 90);
     EXPECT_EQ(frameChanges, changes + 1);
     EXPECT_EQ(chip(0).topLeft(), QPointF(0, 0));
-    EXPECT_EQ(tags->tagButtons().last()->frame().y(), 0);
-    EXPECT_FALSE(tags->tags().contains(QStringLiteral("tag 1")));
+    EXPECT_EQ(tags->tags(), QStringList{QString(120, QLatin1Char('w'))});
 
     // Emptied, the view goes back to the bare entry field.
     tags->clearView();

@@ -24,10 +24,10 @@ protected:
 
 }  // namespace
 
-TEST_F(Navigation, TwoQuickAnimatedPushesLeaveOnlyTheLastView) {
+TEST_F(Navigation, TwoQuickAnimatedPushesLeaveOnlyTheLastViewAndPoppingToTheRootOnlyIt) {
     RecordingScreen* root = rootScreen();
-    RecordingScreen* second = screen();
-    RecordingScreen* third = screen();
+    QPointer<RecordingScreen> second = screen();
+    QPointer<RecordingScreen> third = screen();
     root->pushViewController(second, true);
     second->pushViewController(third, true);
     EXPECT_EQ(view().currentViewController(), third);
@@ -44,22 +44,13 @@ TEST_F(Navigation, TwoQuickAnimatedPushesLeaveOnlyTheLastView) {
                                           "willStartAnimating", "didFinishAnimating"}));
     EXPECT_EQ(third->calls,
               QStringList({"willStartAnimating", "activateView", "didFinishAnimating"}));
-}
 
-TEST_F(Navigation, PoppingToTheRootFromThreeScreensLeavesOne) {
-    RecordingScreen* root = rootScreen();
-    QPointer<RecordingScreen> second = screen();
-    QPointer<RecordingScreen> third = screen();
-    root->pushViewController(second, false);
-    second->pushViewController(third, false);
     root->calls.clear();
-
     third->popToViewControllerWithIndex(0, true);
     EXPECT_EQ(view().viewStack(), QList<BaseViewController*>{root});
     EXPECT_EQ(root->calls, QStringList({"willStartAnimating", "activateView"}));
     EXPECT_EQ(view().prevViewController(), third);
     ASSERT_TRUE(harness.waitForSlides());
-
     EXPECT_EQ(view().subviews(), QList<QWidget*>{root});
     EXPECT_TRUE(QTest::qWaitFor([&] { return second.isNull() && third.isNull(); }));
     EXPECT_EQ(root->calls.last(), "didFinishAnimating");
@@ -128,6 +119,7 @@ TEST_F(Navigation, TheBackButtonSitsInTheTitleStripAndPopsOnce) {
     EXPECT_TRUE(harness.titleBarView()->findChildren<QWidget*>().isEmpty());
 }
 
+// An alert with a receiver ends the one on show; a plain one leaves it.
 TEST_F(Navigation, ASecondAlertWithAReceiverEndsTheFirst) {
     RecordingScreen* root = rootScreen();
     int firstEnded = 0;
@@ -145,19 +137,13 @@ TEST_F(Navigation, ASecondAlertWithAReceiverEndsTheFirst) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return first.isNull(); }));
     EXPECT_TRUE(second->isVisible());
     EXPECT_EQ(second->text(), "Second");
+    root->showAlertWithMessage(QStringLiteral("Plain"));
+    ASSERT_NE(root->alert(), second);
+    EXPECT_TRUE(root->alert()->isVisible());
+    EXPECT_TRUE(second->isVisible());
 
     QTest::keyClick(second, Qt::Key_Return);
     EXPECT_TRUE(QTest::qWaitFor([&] { return second.isNull(); }));
     EXPECT_EQ(firstEnded, 0);
     EXPECT_EQ(secondEnded, 1);
-}
-
-TEST_F(Navigation, APlainAlertLeavesTheOneOnShow) {
-    RecordingScreen* root = rootScreen();
-    root->showAlertWithMessage(QStringLiteral("First"));
-    QPointer<QMessageBox> first = root->alert();
-    root->showAlertWithMessage(QStringLiteral("Second"));
-    ASSERT_NE(root->alert(), first);
-    EXPECT_TRUE(first->isVisible());
-    EXPECT_TRUE(root->alert()->isVisible());
 }

@@ -110,19 +110,6 @@ TEST(ButtonWithImage, WithDisableAfterSelectedActsOnce) {
     EXPECT_EQ(button.shownImage(), "checkbox_checked.png");
 }
 
-TEST(ButtonWithImage, TogglesItsSelectionWithoutDisableAfterSelected) {
-    ButtonWithImage button;
-    button.setNormalImage(QStringLiteral("button_source_local.png"));
-    button.setSelectedImage(QStringLiteral("button_source_local_selected.png"));
-    QSignalSpy triggered(&button, &StyledButton::triggered);
-    QTest::mouseClick(&button, Qt::LeftButton);
-    EXPECT_TRUE(button.isSelected());
-    QTest::mouseClick(&button, Qt::LeftButton);
-    EXPECT_FALSE(button.isSelected());
-    EXPECT_EQ(button.shownImage(), "button_source_local.png");
-    EXPECT_EQ(triggered.size(), 2);
-}
-
 TEST(ButtonWithIcon, WidensForALongTitleAndKeepsThatWidth) {
     ButtonWithIcon button;
     button.setGeometry(0, 0, 100, 26);
@@ -137,34 +124,24 @@ TEST(ButtonWithIcon, WidensForALongTitleAndKeepsThatWidth) {
     EXPECT_EQ(button.width(), wide);
 }
 
-TEST(Checkbox, EveryClickTogglesAndSends) {
+// A checkbox, and an image button without disableAfterSelected.
+TEST(SelectableButtons, EveryClickTogglesTheSelectionAndSends) {
+    ButtonWithImage image;
+    image.setNormalImage(QStringLiteral("button_source_local.png"));
+    image.setSelectedImage(QStringLiteral("button_source_local_selected.png"));
     Checkbox checkbox;
     checkbox.resize(120, 15);
-    QSignalSpy triggered(&checkbox, &StyledButton::triggered);
-    QTest::mouseClick(&checkbox, Qt::LeftButton);
-    EXPECT_TRUE(checkbox.isSelected());
-    QTest::mouseClick(&checkbox, Qt::LeftButton);
-    EXPECT_FALSE(checkbox.isSelected());
-    EXPECT_EQ(triggered.size(), 2);
-}
-
-TEST(RoundedView, PaintsItsTypeAndLeavesPixelsAloneForAnUnknownType) {
-    RoundedView view;
-    view.resize(120, 40);
-    const auto render = [&view](int type) {
-        view.setType(type);
-        QImage image(view.size(), QImage::Format_ARGB32);
-        image.fill(Qt::magenta);
-        view.render(&image, {}, {}, QWidget::DrawChildren);
-        return image;
+    const auto clickTwice = [](auto& button) {
+        QSignalSpy triggered(&button, &StyledButton::triggered);
+        QTest::mouseClick(&button, Qt::LeftButton);
+        EXPECT_TRUE(button.isSelected());
+        QTest::mouseClick(&button, Qt::LeftButton);
+        EXPECT_FALSE(button.isSelected());
+        EXPECT_EQ(triggered.size(), 2);
     };
-    QImage untouched(view.size(), QImage::Format_ARGB32);
-    untouched.fill(Qt::magenta);
-    EXPECT_EQ(render(19), untouched);
-    const QImage blue = render(4);
-    EXPECT_NE(blue, untouched);
-    EXPECT_GT(blue.pixelColor(60, 20).blue(), 200);
-    EXPECT_LT(blue.pixelColor(60, 20).red(), 60);
+    clickTwice(image);
+    clickTwice(checkbox);
+    EXPECT_EQ(image.shownImage(), "button_source_local.png");
 }
 
 TEST(ImageSet, HoldsEveryNamedImageAtBothScales) {
@@ -191,18 +168,28 @@ TEST(ImageSet, HoldsEveryNamedImageAtBothScales) {
     }
 }
 
-TEST(RoundedView, DrawsTheImagesOfTheScreensPixelRatioAsTheyAre) {
+TEST(RoundedView, DrawsTheImagesOfTheScreensPixelRatioAsTheyAreAndNothingForAnUnknownType) {
     // Run by ctest at 1x and at QT_SCALE_FACTOR=2: the cap must be the image's own pixels.
     RoundedView view;
-    view.setType(4);
     view.resize(200, 40);
     const qreal ratio = view.devicePixelRatioF();
-    QImage drawn(view.size() * ratio, QImage::Format_ARGB32_Premultiplied);
-    drawn.setDevicePixelRatio(ratio);
-    drawn.fill(Qt::transparent);
-    view.render(&drawn, {}, {}, QWidget::DrawChildren);
+    const auto render = [&view, ratio](int type) {
+        view.setType(type);
+        QImage image(view.size() * ratio, QImage::Format_ARGB32_Premultiplied);
+        image.setDevicePixelRatio(ratio);
+        image.fill(Qt::transparent);
+        view.render(&image, {}, {}, QWidget::DrawChildren);
+        return image;
+    };
+    const QImage drawn = render(4);
     const QImage cap = ImageSet::pixmap(RoundedViewImages::imagesForType(4).first(), ratio)
                            .toImage()
                            .convertToFormat(drawn.format());
     EXPECT_EQ(drawn.copy(QRect(QPoint(0, 0), cap.size())), cap);
+    EXPECT_GT(drawn.pixelColor(drawn.rect().center()).blue(), 200);
+
+    QImage untouched(drawn.size(), drawn.format());
+    untouched.setDevicePixelRatio(ratio);
+    untouched.fill(Qt::transparent);
+    EXPECT_EQ(render(19), untouched);
 }

@@ -1,9 +1,7 @@
 #include <gtest/gtest.h>
 
-#include <QFile>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QTemporaryDir>
 #include <QToolButton>
 
 #include "platform/ApplicationInfo.h"
@@ -12,6 +10,8 @@
 #include "support/ScopedEnvironment.h"
 #include "support/ScreenHarness.h"
 #include "support/ServiceProcess.h"
+#include "support/TestMedia.h"
+#include "ui/controls/ImageView.h"
 #include "ui/navigation/TitleStrip.h"
 #include "ui/navigation/UpdateBar.h"
 
@@ -27,6 +27,12 @@ TEST(UpdateBar, ShowsBelowTheTitleStripWithoutTakingRoomFromTheScreensAndCloses)
     UpdateBar& bar = *window.updateBar();
     const int heightWithoutBar = contentHeight(window);
     EXPECT_FALSE(bar.isVisible());
+    // The logo is centred by the rounding rule; the buttons' view covers the strip above it.
+    TitleStrip& strip = *window.titleStrip();
+    EXPECT_EQ(strip.height(), 38);
+    EXPECT_EQ(strip.logo()->geometry(), QRect(409, 9, 96, 19));
+    EXPECT_EQ(harness.titleBarView()->geometry(), strip.rect());
+    EXPECT_EQ(strip.childAt(QPoint(450, 18)), harness.titleBarView());
 
     bar.showNewVersion("1.2", QUrl("http://127.0.0.1:8080/downloads/kesto"));
     ASSERT_TRUE(QTest::qWaitFor(
@@ -35,8 +41,7 @@ TEST(UpdateBar, ShowsBelowTheTitleStripWithoutTakingRoomFromTheScreensAndCloses)
     EXPECT_TRUE(bar.message().startsWith("Orvale 1.2 is available."));
     EXPECT_TRUE(
         bar.message().contains("<a href=\"http://127.0.0.1:8080/downloads/kesto\">Download</a>"));
-    EXPECT_EQ(bar.mapTo(&window, QPoint(0, 0)).y(),
-              window.titleStrip()->mapTo(&window, QPoint(0, 38)).y());
+    EXPECT_EQ(bar.mapTo(&window, QPoint(0, 0)).y(), strip.mapTo(&window, QPoint(0, 38)).y());
     EXPECT_EQ(harness.navigationView().size(), MainWindow::kContentSize);
     EXPECT_EQ(harness.navigationView().mapTo(&window, QPoint(0, 0)).y(),
               bar.mapTo(&window, QPoint(0, UpdateBar::kHeight)).y());
@@ -47,16 +52,16 @@ TEST(UpdateBar, ShowsBelowTheTitleStripWithoutTakingRoomFromTheScreensAndCloses)
     close->click();
     EXPECT_FALSE(bar.isVisible());
     EXPECT_TRUE(QTest::qWaitFor([&] { return contentHeight(window) == heightWithoutBar; }));
+    EXPECT_EQ(harness.navigationView().mapTo(&window, QPoint(0, 0)).y(),
+              strip.mapTo(&window, QPoint(0, 38)).y());
 }
 
 TEST(UpdateBar, AnnouncesTheVersionTheMakerSiteOffers) {
-    QTemporaryDir dir;
     const QString newer = ApplicationInfo::current().shortVersion + ".1";
-    QFile fixture(dir.filePath("site.json"));
-    ASSERT_TRUE(fixture.open(QIODevice::WriteOnly));
-    fixture.write(QJsonDocument(QJsonObject{{"site", QJsonObject{{"version", newer}}}}).toJson());
-    fixture.close();
-    ServiceProcess site({"--fixture", fixture.fileName()});
+    const QString fixture = TestMedia::textFile(
+        "site.json",
+        QJsonDocument(QJsonObject{{"site", QJsonObject{{"version", newer}}}}).toJson());
+    ServiceProcess site({"--fixture", fixture});
     ASSERT_TRUE(site.isRunning()) << site.errorString().toStdString();
     ScopedEnvironment makerSite("ORVALE_MAKER_SITE", site.host().toUtf8());
 
