@@ -66,12 +66,6 @@ TEST(EncodeCommand, APresetThatIsNotOfferedIsRefusedWithWhatIsOffered) {
     EXPECT_FALSE(QFileInfo::exists(dir.filePath("out/small.mp4")));
 }
 
-TEST(EncodeCommand, UsageErrorsExitWithTwo) {
-    EXPECT_EQ(CliRun::run({"encode"}).exitCode, 2);
-    EXPECT_EQ(CliRun::run({"encode", "--out"}).exitCode, 2);
-    EXPECT_EQ(CliRun::run({"encode", "--nope", "a.mov"}).exitCode, 2);
-}
-
 TEST(EncodeCommand, AnOutputFolderThatCannotBeWrittenStopsTheJobBeforeItStarts) {
     QTemporaryDir dir;
     const QString folder = encodeFolderWith(dir, {"a.mov"});

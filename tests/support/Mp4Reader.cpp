@@ -33,15 +33,14 @@ QStringList Mp4Reader::topLevelBoxes(const QString& path) {
 
 QJsonObject Mp4Reader::probe(const QString& path) {
     QProcess ffprobe;
-    ffprobe.start(QStringLiteral("ffprobe"), {QStringLiteral("-v"), QStringLiteral("quiet"), QStringLiteral("-print_format"),
-                                              QStringLiteral("json"), QStringLiteral("-show_streams"), path});
+    ffprobe.start("ffprobe", {"-v", "quiet", "-print_format", "json", "-show_streams", path});
     ffprobe.waitForFinished(30000);
     return QJsonDocument::fromJson(ffprobe.readAllStandardOutput()).object();
 }
 
 QJsonObject Mp4Reader::stream(const QJsonObject& answer, const QString& type) {
-    for (const QJsonValue& value : answer.value(QStringLiteral("streams")).toArray()) {
-        if (value.toObject().value(QStringLiteral("codec_type")).toString() == type) {
+    for (const QJsonValue& value : answer.value("streams").toArray()) {
+        if (value.toObject().value("codec_type").toString() == type) {
             return value.toObject();
         }
     }
