@@ -33,12 +33,16 @@ QString encodeFolderWith(const QTemporaryDir& dir, const QStringList& names) {
 
 }  // namespace
 
-TEST(EncodeCommand, EncodesAFolderAndRefusesWhatIsNotAVideo) {
+TEST(EncodeCommand, EncodesAFolderOnceAndRefusesWhatIsNotAVideo) {
     QTemporaryDir dir;
-    const QString folder = encodeFolderWith(
-        dir, {"a.mov", "sub/b.mov", ".hidden.mov", "notes.TXT", "fake.mov.doc", "Kit.app/c.mov"});
+    const QString folder =
+        encodeFolderWith(dir, {"a.mov", "sub/b.mov", ".hidden.mov", ".cache/d.mov", "notes.TXT",
+                               "fake.mov.doc", "Kit.app/c.mov"});
+    // A link back up would otherwise give every file again at each level.
+    QFile::link(folder, folder + "/sub/loop");
     const QString out = dir.filePath("out");
-    const CliRun result = CliRun::run({"encode", "--json", "--out", out, folder});
+    const CliRun result =
+        CliRun::run({"encode", "--json", "--out", out, folder, folder + "/a.mov", "/no/such/path"});
 
     EXPECT_EQ(result.exitCode, 1) << result.err.toStdString();
     EXPECT_TRUE(result.err.contains("File(s) not supported: notes.txt, fake.mov.doc"))

@@ -1,9 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
-
 #include "jobs/FileSelection.h"
 #include "jobs/OutputFolder.h"
 
@@ -22,22 +18,6 @@ TEST(FileSelection, NeverProbedTypesAreComparedInLowerCase) {
     EXPECT_TRUE(FileSelection::isSupportedFileType("/a/readme.nfo"));
     EXPECT_FALSE(FileSelection::isSupportedFileType("/a/clip.mov"));
     EXPECT_FALSE(FileSelection::isSupportedFileType("/a/jpg"));
-}
-
-TEST(FileSelection, WalksFoldersWithoutHiddenEntriesOrPackageInsides) {
-    QTemporaryDir dir;
-    for (const char* name :
-         {"b.mov", "a.txt", ".hidden.mov", ".cache/x.mov", "sub/c.mov", "Tool.app/d.mov"}) {
-        const QString path = dir.filePath(name);
-        QDir().mkpath(QFileInfo(path).absolutePath());
-        QFile(path).open(QIODevice::WriteOnly);
-    }
-    // A link back up would otherwise give every file again at each level.
-    QFile::link(dir.path(), dir.filePath("sub/loop"));
-    const QStringList found =
-        FileSelection::collectFiles({dir.path(), dir.filePath("b.mov"), "/no/such/path"});
-    EXPECT_EQ(found, (QStringList{dir.filePath("a.txt"), dir.filePath("b.mov"),
-                                  dir.filePath("sub/c.mov")}));
 }
 
 TEST(OutputFolder, ATakenNameGetsTheMomentOfTheMove) {
