@@ -8,16 +8,6 @@
 
 namespace {
 
-// No password at all when it is empty.
-QProcessEnvironment withPassword(const QString& password) {
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.remove("ORVALE_PASSWORD");
-    if (!password.isEmpty()) {
-        environment.insert("ORVALE_PASSWORD", password);
-    }
-    return environment;
-}
-
 class ServiceCommands : public testing::Test {
 protected:
     void SetUp() override {

@@ -27,11 +27,9 @@ protected:
         const QStringList& arguments, const QString& user = "bob",
         const QString& password = "builder",
         const QProcessEnvironment& environment = QProcessEnvironment::systemEnvironment()) {
-        QProcessEnvironment withIt = environment;
-        withIt.insert("ORVALE_PASSWORD", password);
         return CliRun::run(
-            QStringList{"upload", "--server", service.host(), "--user", user} + arguments, withIt,
-            60000);
+            QStringList{"upload", "--server", service.host(), "--user", user} + arguments,
+            withPassword(password, environment), 60000);
     }
 
     ServiceProcess service;
@@ -146,10 +144,8 @@ TEST(UploadCommandEnd, LeavesNothingOfTheJobInTheWorkFolder) {
         SCOPED_TRACE(c.fault.toStdString());
         ServiceProcess service({"--fault", c.fault});
         CliDataHome home;
-        QProcessEnvironment environment = home.environment();
-        environment.insert("ORVALE_PASSWORD", "builder");
         QProcess cli;
-        cli.setProcessEnvironment(environment);
+        cli.setProcessEnvironment(withPassword("builder", home.environment()));
         cli.start(QStringLiteral(ORVALE_CLI_PATH),
                   {"upload", "--server", service.host(), "--user", "bob", "--folder", "103",
                    TestMedia::copyNamed(TestMedia::video(320, 180, 1, true), "sent.mov")});

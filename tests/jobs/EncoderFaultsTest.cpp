@@ -49,14 +49,7 @@ protected:
 }  // namespace
 
 TEST_F(EncoderFaults, AFullDiskEndsEitherJobOnceAfterTheTranscoderAndItsOutputAreGone) {
-    helper.install(
-        QStringLiteral("ffmpeg"),
-        fakeFfmpeg(
-            QStringLiteral("echo $$ > '%1'; echo partial > \"$last\"\n"
-                           "echo 'frame=1 time=00:00:00.20 bitrate=1k'\n"
-                           "echo '[mp4] av_interleaved_write_frame(): No space left on device'\n"
-                           "sleep 5")
-                .arg(helper.recordPath())));
+    helper.installFullDiskFfmpeg();
     ScopedHelpersDir fakes(helper.folder());
     QObject observer;
     bool stoppedAndRemovedFirst = false;

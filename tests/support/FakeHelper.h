@@ -11,7 +11,8 @@ public:
 
     QString folder() const { return dir_.path(); }
     QString install(const QString& name, const QString& scriptBody);
-    // An ffmpeg that writes a little of its output, finds the disk full, and waits to be stopped.
+    // An ffmpeg that writes a little of its output, finds the disk full, and waits to be stopped;
+    // it records its process id.
     QString installFullDiskFfmpeg();
     // A file in the folder into which scripts may record what they were given.
     QString recordPath() const;

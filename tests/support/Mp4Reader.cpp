@@ -6,27 +6,21 @@
 #include <QProcess>
 #include <QtEndian>
 
+// Test encodes are small enough to read whole.
 QStringList Mp4Reader::topLevelBoxes(const QString& path) {
-    QStringList boxes;
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        return boxes;
-    }
-    while (!file.atEnd()) {
-        const QByteArray header = file.read(8);
-        if (header.size() < 8) {
-            break;
+    const QByteArray data = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    QStringList boxes;
+    for (qsizetype at = 0; at + 8 <= data.size();) {
+        quint64 size = qFromBigEndian<quint32>(data.constData() + at);
+        boxes << QString::fromLatin1(data.mid(at + 4, 4));
+        if (size == 1 && at + 16 <= data.size()) {
+            size = qFromBigEndian<quint64>(data.constData() + at + 8);
         }
-        quint64 size = qFromBigEndian<quint32>(header.constData());
-        boxes << QString::fromLatin1(header.mid(4, 4));
-        qint64 headerSize = 8;
-        if (size == 1) {
-            size = qFromBigEndian<quint64>(file.read(8).constData());
-            headerSize = 16;
-        } else if (size == 0) {
-            break;
+        if (size < 8) {
+            break;  // 0 runs to the end of the file
         }
-        file.seek(file.pos() - headerSize + static_cast<qint64>(size));
+        at += static_cast<qsizetype>(size);
     }
     return boxes;
 }
