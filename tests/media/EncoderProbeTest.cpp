@@ -168,6 +168,7 @@ TEST(ProbePool, RunsNoMoreThanItsThreadsAtOnceAndTheFirstProbesTogether) {
 
     ASSERT_TRUE(waitUntil([&] { return recorder.reported.size() == files.size(); }, 60000));
     QStringList lines = helper.recordedLines();
+    // Probes starting together share one question about the helper's options.
     EXPECT_EQ(lines.removeAll(QStringLiteral("check")), 1);
     std::vector<int> together;
     for (const QString& line : lines) {
