@@ -2,8 +2,6 @@
 
 #include <QFile>
 
-FakeHelper::FakeHelper() = default;
-
 QString FakeHelper::install(const QString& name, const QString& scriptBody) {
     const QString path = dir_.filePath(name);
     QFile script(path);
@@ -33,18 +31,4 @@ QStringList FakeHelper::recordedLines() const {
         return {};
     }
     return QString::fromUtf8(record.readAll()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
-}
-
-ScopedHelpersDir::ScopedHelpersDir(const QString& folder)
-    : previous_(qgetenv("ORVALE_HELPERS_DIR")),
-      hadPrevious_(qEnvironmentVariableIsSet("ORVALE_HELPERS_DIR")) {
-    qputenv("ORVALE_HELPERS_DIR", folder.toUtf8());
-}
-
-ScopedHelpersDir::~ScopedHelpersDir() {
-    if (hadPrevious_) {
-        qputenv("ORVALE_HELPERS_DIR", previous_);
-    } else {
-        qunsetenv("ORVALE_HELPERS_DIR");
-    }
 }
