@@ -41,14 +41,16 @@ QString clipNamed(const QString& name, int width = 320, int height = 180, double
 
 // A corrupt video in the middle is reported and the others still arrive; a name already taken
 // in the output folder gets a time-stamped alternative beside the user's own file.
-TEST_F(LocalEncodeJob, ThreeVideosAreEncodedMovedAndTheJobCompletesOnce) {
+TEST_F(LocalEncodeJob, ThreeVideosAreEncodedAtTheChosenSizeMovedAndTheJobCompletesOnce) {
     QFile existing(output.filePath("three-c.mp4"));
     ASSERT_TRUE(existing.open(QIODevice::WriteOnly));
     existing.write("the user's own file");
     existing.close();
     const FilePtr corrupt = damagedClip("three-b.mov");
-    const FileList files = {probedFile(clipNamed("three-a.mov")), corrupt,
+    // 480x200 is offered 480x200, 360x150 and 240x100; take the second.
+    const FileList files = {probedFile(clipNamed("three-a.mov", 480, 200), 1), corrupt,
                             probedFile(clipNamed("three-c.mov"))};
+    ASSERT_EQ(files[0]->videoDetail->widthToEncode, 360);
     manager.startLocalEncodeForFiles(files, outputUrl());
     ASSERT_TRUE(runUntilDone());
     settle(200);  // anything posted late would show up now
@@ -76,29 +78,21 @@ TEST_F(LocalEncodeJob, ThreeVideosAreEncodedMovedAndTheJobCompletesOnce) {
     ASSERT_TRUE(untouched.open(QIODevice::ReadOnly));
     EXPECT_EQ(untouched.readAll(), QByteArray("the user's own file"));
     EXPECT_TRUE(QDir(WorkFolder::current().processFolder()).isEmpty());  // nothing left behind
-    EXPECT_EQ(power.created, 1);
-    EXPECT_EQ(power.released, 1);
-    EXPECT_EQ(power.lastName, QStringLiteral("Upload"));
-}
 
-TEST_F(LocalEncodeJob, EncodesAreH264AndAacAtTheChosenWidthWithTheIndexFirst) {
-    // 480x200 is offered 480x200, 360x150 and 240x100; take the second.
-    const FilePtr file = probedFile(
-        TestMedia::copyNamed(TestMedia::video(480, 200, 1, true), "format-check.mov"), 1);
-    ASSERT_EQ(file->videoDetail->widthToEncode, 360);
-    manager.startLocalEncodeForFiles({file}, outputUrl());
-    ASSERT_TRUE(runUntilDone());
-
-    const QString encoded = output.filePath("format-check.mp4");
+    // H.264 and AAC at the chosen width, with the index first.
+    const QString encoded = output.filePath("three-a.mp4");
     const QJsonObject answer = Mp4Reader::probe(encoded);
     const QJsonObject video = Mp4Reader::stream(answer, "video");
     EXPECT_EQ(video.value("codec_name").toString(), "h264");
     EXPECT_EQ(video.value("pix_fmt").toString(), "yuv420p");
-    EXPECT_EQ(video.value("width").toInt(), file->videoDetail->widthToEncode);
+    EXPECT_EQ(video.value("width").toInt(), 360);
     EXPECT_EQ(Mp4Reader::stream(answer, "audio").value("codec_name").toString(), "aac");
     const QStringList boxes = Mp4Reader::topLevelBoxes(encoded);
-    ASSERT_TRUE(boxes.contains("moov") && boxes.contains("mdat")) << boxes.join(',').toStdString();
+    ASSERT_TRUE(boxes.contains("moov") && boxes.contains("mdat")) << boxes.join(',');
     EXPECT_LT(boxes.indexOf("moov"), boxes.indexOf("mdat"));
+    EXPECT_EQ(power.created, 1);
+    EXPECT_EQ(power.released, 1);
+    EXPECT_EQ(power.lastName, QStringLiteral("Upload"));
 }
 
 TEST_F(LocalEncodeJob, FilesThatNeedNoEncodingCompleteTheJobAtOnce) {

@@ -17,12 +17,15 @@
 
 namespace {
 
+// An encoder that keeps its probes' reports.
 class ProbeRecorder : public EncoderDelegate {
 public:
+    ProbeRecorder() { encoder.setDelegate(this); }
     void didFinishLoadingDetailsForFile(const FilePtr& file) override {
         reported << file;
         reportedOnMainThread &= QThread::currentThread() == qApp->thread();
     }
+    Encoder encoder;
     FileList reported;
     bool reportedOnMainThread = true;  // until a report comes on another thread
 };
@@ -58,10 +61,8 @@ TEST(EncoderProbe, ProbesRealClipsWithTheRealHelper) {
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
-        Encoder encoder;
         ProbeRecorder recorder;
-        encoder.setDelegate(&recorder);
-        const FilePtr file = probe(encoder, c.path);
+        const FilePtr file = probe(recorder.encoder, c.path);
         EXPECT_EQ(file->isVideo, c.isVideo);
         EXPECT_EQ(file->videoDetail != nullptr, c.width > 0);
         if (file->videoDetail) {
@@ -79,12 +80,10 @@ TEST(EncoderProbe, AMissingHelperCountsAsAnEmptyAnswerAndIsLoggedOnce) {
     const QString clip = TestMedia::video(320, 180, 1);  // made before the helpers go
     ScopedEnvironment path("PATH", empty.folder().toUtf8());
     ScopedLogRecorder log;
-    Encoder encoder;
     ProbeRecorder recorder;
-    encoder.setDelegate(&recorder);
 
-    const FilePtr first = probe(encoder, clip);
-    const FilePtr second = probe(encoder, clip);
+    const FilePtr first = probe(recorder.encoder, clip);
+    const FilePtr second = probe(recorder.encoder, clip);
 
     EXPECT_FALSE(first->isVideo);
     EXPECT_FALSE(second->isVideo);
@@ -160,21 +159,19 @@ TEST(ProbePool, RunsNoMoreThanItsThreadsAtOnceAndTheFirstProbesTogether) {
             "touch %2.done; rm %2/$$\n%3")
             .arg(helper.recordPath(), running, probeAnswer));
     ScopedHelpersDir helpers(helper.folder());
-    Encoder encoder;
     ProbeRecorder recorder;
-    encoder.setDelegate(&recorder);
-    ProbePool pool(encoder, 3);
+    ProbePool pool(recorder.encoder, 3);
     const FileList files = probeMany(pool, 7);
 
     ASSERT_TRUE(waitUntil([&] { return recorder.reported.size() == files.size(); }, 60000));
     QStringList lines = helper.recordedLines();
     // Probes starting together share one question about the helper's options.
     EXPECT_EQ(lines.removeAll(QStringLiteral("check")), 1);
-    std::vector<int> together;
+    int mostTogether = 0;
     for (const QString& line : lines) {
-        together.push_back(line.trimmed().toInt());
+        mostTogether = std::max(mostTogether, line.trimmed().toInt());
     }
-    EXPECT_EQ(*std::max_element(together.begin(), together.end()), 3);
+    EXPECT_EQ(mostTogether, 3);
     EXPECT_TRUE(
         std::all_of(files.begin(), files.end(), [](const FilePtr& f) { return f->isVideo; }));
     EXPECT_TRUE(recorder.reportedOnMainThread);
@@ -187,10 +184,8 @@ TEST(ProbePool, StoppingKillsTheRunningProbesAndNothingReportsAfterwards) {
         QStringLiteral("if [ \"$5\" = -version ]; then exit 1; fi\necho $$ >> '%1'\nexec sleep 60")
             .arg(helper.recordPath()));
     ScopedHelpersDir helpers(helper.folder());
-    Encoder encoder;
     ProbeRecorder recorder;
-    encoder.setDelegate(&recorder);
-    auto pool = std::make_unique<ProbePool>(encoder, 2);
+    auto pool = std::make_unique<ProbePool>(recorder.encoder, 2);
     probeMany(*pool, 3);
     ASSERT_TRUE(waitUntil([&] { return helper.recordedLines().size() == 2; }));
 
