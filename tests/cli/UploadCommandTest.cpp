@@ -37,7 +37,7 @@ protected:
 
 }  // namespace
 
-TEST_F(UploadCommand, FilesThatPassThroughArriveByteForByteWithTheirFields) {
+TEST_F(UploadCommand, UploadsArriveByteForByteWithTheirFieldsAndJsonNamesTheRefused) {
     const QString clip = TestMedia::copyNamed(TestMedia::video(320, 180, 1), "upload clip.mov");
     const QString notes = TestMedia::textFile("upload notes.txt", "not a video\r\n\0binary"_qba);
     const CliRun run = upload({"--folder", "103", "--description", "a=b&c", "--tag", "demo",
@@ -58,18 +58,16 @@ TEST_F(UploadCommand, FilesThatPassThroughArriveByteForByteWithTheirFields) {
         EXPECT_EQ(firstFile(uploads[i])["field"].toString(), "media_file");
         EXPECT_EQ(storedContent(firstFile(uploads[i])), contentsOf(sources[i]));
     }
-}
 
-TEST_F(UploadCommand, JsonCountsUploadsAndNamesTheFilesTheServiceRefused) {
-    const QString notes = TestMedia::textFile("upload credits.txt", "credited");
+    // As JSON, to the media library: the count, and the files the service refused.
     const CliRun library =
         upload({"--json", "--category", "1", "--credit", "3=Jane Doe", "--credit", "12=", notes},
                "alice", "wonder&land=1");
     EXPECT_EQ(library.exitCode, 0) << library.err.toStdString();
     EXPECT_EQ(library.json().object(), (QJsonObject{{"uploaded", 1}, {"failed", QJsonArray()}}));
-    ASSERT_EQ(service.uploads().size(), 1);
+    ASSERT_EQ(service.uploads().size(), 3);
     // An empty credit is not sent.
-    EXPECT_EQ(fieldNames(service.uploads()[0]),
+    EXPECT_EQ(fieldNames(service.uploads()[2]),
               (QStringList{"auth_token", "credits_3", "media_type_id", "output_format"}));
 
     const CliRun refused = upload({"--json", "--folder", "999", notes});

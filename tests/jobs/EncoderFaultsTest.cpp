@@ -84,8 +84,18 @@ TEST_F(EncoderFaults, AFullDiskEndsEitherJobOnceAfterTheTranscoderAndItsOutputAr
     }
 }
 
-TEST_F(EncoderFaults, AHelperThatCrashesBeforeAnyProgressFailsEachFile) {
-    runWith(QStringLiteral("kill -SEGV $$"));
+TEST_F(EncoderFaults, AHelperThatCrashesOrIsMissingFailsEachFileAndTheJobEndsNormally) {
+    runWith(QStringLiteral("kill -SEGV $$"));  // before any progress
+    ASSERT_TRUE(waitForTheEnd());
+    EXPECT_EQ(log.count(kNotificationDidOccureProblemWhileEncoding), 2);
+    EXPECT_EQ(manager.failedFiles(), files);
+    EXPECT_EQ(power.held, 0);
+
+    log.received.clear();
+    FakeHelper empty;
+    ScopedHelpersDir nowhere(empty.folder());
+    ScopedEnvironment path("PATH", empty.folder().toUtf8());
+    manager.startLocalEncodeForFiles(files, outputUrl());
     ASSERT_TRUE(waitForTheEnd());
     EXPECT_EQ(log.count(kNotificationDidOccureProblemWhileEncoding), 2);
     EXPECT_EQ(manager.failedFiles(), files);
@@ -103,14 +113,4 @@ TEST_F(EncoderFaults, ReachingNinetyPercentOfTheDurationIsEnoughEvenWhenTheLineI
     EXPECT_EQ(files[0]->videoDetail->encodedSize, 8);
     EXPECT_FALSE(files[1]->videoDetail->encodeSuccess);
     EXPECT_EQ(manager.failedFiles(), FileList{files[1]});
-}
-
-TEST_F(EncoderFaults, AMissingHelperFailsEveryFileAndTheJobEndsNormally) {
-    FakeHelper empty;
-    ScopedHelpersDir nowhere(empty.folder());
-    ScopedEnvironment path("PATH", empty.folder().toUtf8());
-    manager.startLocalEncodeForFiles(files, outputUrl());
-    ASSERT_TRUE(waitForTheEnd());
-    EXPECT_EQ(log.count(kNotificationDidOccureProblemWhileEncoding), 2);
-    EXPECT_EQ(power.held, 0);
 }
