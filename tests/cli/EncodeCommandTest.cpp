@@ -92,17 +92,12 @@ void startLongEncode(QProcess& cli, const CliDataHome& home, const QString& out)
     ASSERT_TRUE(waitUntil([&] { return QFileInfo(home.encodes().value(0)).size() > 0; }, 60000));
 }
 
-// The process's child of that name, or 0; by /proc/PID/stat: "pid (name) state ppid ...".
-pid_t childNamed(qint64 parent, const QByteArray& name) {
-    for (const QString& entry : QDir("/proc").entryList(QDir::Dirs)) {
-        QFile stat("/proc/" + entry + "/stat");
-        const QByteArray text = stat.open(QIODevice::ReadOnly) ? stat.readAll() : QByteArray();
-        const QList<QByteArray> rest = text.mid(text.lastIndexOf(')') + 2).split(' ');
-        if (text.contains("(" + name + ")") && rest.value(1).toLongLong() == parent) {
-            return entry.toInt();
-        }
-    }
-    return 0;
+// The process's child of that name, or 0.
+pid_t childNamed(qint64 parent, const QString& name) {
+    QProcess pgrep;
+    pgrep.start("pgrep", {"-P", QString::number(parent), "-x", name});
+    pgrep.waitForFinished();
+    return pgrep.readAllStandardOutput().trimmed().toInt();
 }
 
 bool hasEnded(pid_t pid) {
