@@ -2,6 +2,8 @@
 
 #include "media/VideoProbe.h"
 
+// Answers only a hand-made helper gives. What the real one says of audio, cover pictures and
+// text, and a missing helper's silence, are tried with the encoder.
 TEST(VideoProbe, FillsTheFileRecordFromTheAnswer) {
     struct Case {
         const char* name;
@@ -17,13 +19,6 @@ TEST(VideoProbe, FillsTheFileRecordFromTheAnswer) {
          R"({"streams":[{"codec_type":"video","width":1920,"height":1080,"duration":"9.0"}],
              "format":{"duration":"12.345678"}})",
          true, true, 12350, 1920, 1080},
-        {"audio and subtitles only",
-         R"({"streams":[{"codec_type":"audio"},{"codec_type":"subtitle"}],"format":{"duration":"30"}})",
-         false, false, 0, 0, 0},
-        {"the last video stream decides",
-         R"({"streams":[{"codec_type":"video","width":1920,"height":1080},{"codec_type":"audio"},
-             {"codec_type":"video","width":600,"height":600}],"format":{"duration":"3"}})",
-         true, true, 3000, 600, 600},
         {"the codec type is case sensitive",
          R"({"streams":[{"codec_type":"Video","width":640,"height":360}],"format":{"duration":"3"}})",
          false, false, 0, 0, 0},
@@ -31,7 +26,6 @@ TEST(VideoProbe, FillsTheFileRecordFromTheAnswer) {
          R"({"streams":[{"codec_type":"video","width":"640","height":null}],"format":{"duration":2}})",
          true, true, 2000, 640, 0},
         {"no streams member", R"({"format":{"duration":"3"}})", false, false, 0, 0, 0},
-        {"an empty answer", "", false, false, 0, 0, 0},
         {"not JSON", "Invalid data found when processing input", false, false, 0, 0, 0},
     };
     for (const Case& c : cases) {
