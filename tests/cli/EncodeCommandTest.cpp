@@ -33,12 +33,16 @@ QString encodeFolderWith(const QTemporaryDir& dir, const QStringList& names) {
 
 }  // namespace
 
-TEST(EncodeCommand, EncodesAFolderAndRefusesWhatIsNotAVideo) {
+TEST(EncodeCommand, EncodesAFolderOnceAndRefusesWhatIsNotAVideo) {
     QTemporaryDir dir;
-    const QString folder = encodeFolderWith(
-        dir, {"a.mov", "sub/b.mov", ".hidden.mov", "notes.TXT", "fake.mov.doc", "Kit.app/c.mov"});
+    const QString folder =
+        encodeFolderWith(dir, {"a.mov", "sub/b.mov", ".hidden.mov", ".cache/d.mov", "notes.TXT",
+                               "fake.mov.doc", "Kit.app/c.mov"});
+    // A link back up would otherwise give every file again at each level.
+    QFile::link(folder, folder + "/sub/loop");
     const QString out = dir.filePath("out");
-    const CliRun result = CliRun::run({"encode", "--json", "--out", out, folder});
+    const CliRun result =
+        CliRun::run({"encode", "--json", "--out", out, folder, folder + "/a.mov", "/no/such/path"});
 
     EXPECT_EQ(result.exitCode, 1) << result.err.toStdString();
     EXPECT_TRUE(result.err.contains("File(s) not supported: notes.txt, fake.mov.doc"))
@@ -66,12 +70,6 @@ TEST(EncodeCommand, APresetThatIsNotOfferedIsRefusedWithWhatIsOffered) {
     EXPECT_FALSE(QFileInfo::exists(dir.filePath("out/small.mp4")));
 }
 
-TEST(EncodeCommand, UsageErrorsExitWithTwo) {
-    EXPECT_EQ(CliRun::run({"encode"}).exitCode, 2);
-    EXPECT_EQ(CliRun::run({"encode", "--out"}).exitCode, 2);
-    EXPECT_EQ(CliRun::run({"encode", "--nope", "a.mov"}).exitCode, 2);
-}
-
 TEST(EncodeCommand, AnOutputFolderThatCannotBeWrittenStopsTheJobBeforeItStarts) {
     QTemporaryDir dir;
     const QString folder = encodeFolderWith(dir, {"a.mov"});
@@ -94,17 +92,12 @@ void startLongEncode(QProcess& cli, const CliDataHome& home, const QString& out)
     ASSERT_TRUE(waitUntil([&] { return QFileInfo(home.encodes().value(0)).size() > 0; }, 60000));
 }
 
-// The process's child of that name, or 0; by /proc/PID/stat: "pid (name) state ppid ...".
-pid_t childNamed(qint64 parent, const QByteArray& name) {
-    for (const QString& entry : QDir("/proc").entryList(QDir::Dirs)) {
-        QFile stat("/proc/" + entry + "/stat");
-        const QByteArray text = stat.open(QIODevice::ReadOnly) ? stat.readAll() : QByteArray();
-        const QList<QByteArray> rest = text.mid(text.lastIndexOf(')') + 2).split(' ');
-        if (text.contains("(" + name + ")") && rest.value(1).toLongLong() == parent) {
-            return entry.toInt();
-        }
-    }
-    return 0;
+// The process's child of that name, or 0.
+pid_t childNamed(qint64 parent, const QString& name) {
+    QProcess pgrep;
+    pgrep.start("pgrep", {"-P", QString::number(parent), "-x", name});
+    pgrep.waitForFinished();
+    return pgrep.readAllStandardOutput().trimmed().toInt();
 }
 
 bool hasEnded(pid_t pid) {

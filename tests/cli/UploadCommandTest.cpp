@@ -27,11 +27,9 @@ protected:
         const QStringList& arguments, const QString& user = "bob",
         const QString& password = "builder",
         const QProcessEnvironment& environment = QProcessEnvironment::systemEnvironment()) {
-        QProcessEnvironment withIt = environment;
-        withIt.insert("ORVALE_PASSWORD", password);
         return CliRun::run(
-            QStringList{"upload", "--server", service.host(), "--user", user} + arguments, withIt,
-            60000);
+            QStringList{"upload", "--server", service.host(), "--user", user} + arguments,
+            withPassword(password, environment), 60000);
     }
 
     ServiceProcess service;
@@ -39,7 +37,7 @@ protected:
 
 }  // namespace
 
-TEST_F(UploadCommand, FilesThatPassThroughArriveByteForByteWithTheirFields) {
+TEST_F(UploadCommand, UploadsArriveByteForByteWithTheirFieldsAndJsonNamesTheRefused) {
     const QString clip = TestMedia::copyNamed(TestMedia::video(320, 180, 1), "upload clip.mov");
     const QString notes = TestMedia::textFile("upload notes.txt", "not a video\r\n\0binary"_qba);
     const CliRun run = upload({"--folder", "103", "--description", "a=b&c", "--tag", "demo",
@@ -60,18 +58,16 @@ TEST_F(UploadCommand, FilesThatPassThroughArriveByteForByteWithTheirFields) {
         EXPECT_EQ(firstFile(uploads[i])["field"].toString(), "media_file");
         EXPECT_EQ(storedContent(firstFile(uploads[i])), contentsOf(sources[i]));
     }
-}
 
-TEST_F(UploadCommand, JsonCountsUploadsAndNamesTheFilesTheServiceRefused) {
-    const QString notes = TestMedia::textFile("upload credits.txt", "credited");
+    // As JSON, to the media library: the count, and the files the service refused.
     const CliRun library =
         upload({"--json", "--category", "1", "--credit", "3=Jane Doe", "--credit", "12=", notes},
                "alice", "wonder&land=1");
     EXPECT_EQ(library.exitCode, 0) << library.err.toStdString();
     EXPECT_EQ(library.json().object(), (QJsonObject{{"uploaded", 1}, {"failed", QJsonArray()}}));
-    ASSERT_EQ(service.uploads().size(), 1);
+    ASSERT_EQ(service.uploads().size(), 3);
     // An empty credit is not sent.
-    EXPECT_EQ(fieldNames(service.uploads()[0]),
+    EXPECT_EQ(fieldNames(service.uploads()[2]),
               (QStringList{"auth_token", "credits_3", "media_type_id", "output_format"}));
 
     const CliRun refused = upload({"--json", "--folder", "999", notes});
@@ -146,10 +142,8 @@ TEST(UploadCommandEnd, LeavesNothingOfTheJobInTheWorkFolder) {
         SCOPED_TRACE(c.fault.toStdString());
         ServiceProcess service({"--fault", c.fault});
         CliDataHome home;
-        QProcessEnvironment environment = home.environment();
-        environment.insert("ORVALE_PASSWORD", "builder");
         QProcess cli;
-        cli.setProcessEnvironment(environment);
+        cli.setProcessEnvironment(withPassword("builder", home.environment()));
         cli.start(QStringLiteral(ORVALE_CLI_PATH),
                   {"upload", "--server", service.host(), "--user", "bob", "--folder", "103",
                    TestMedia::copyNamed(TestMedia::video(320, 180, 1, true), "sent.mov")});

@@ -6,6 +6,7 @@
 #include "support/FakeHelper.h"
 #include "support/JobFiles.h"
 #include "support/JobHarness.h"
+#include "support/ScopedEnvironment.h"
 #include "support/TestMedia.h"
 
 using namespace NotificationNames;
@@ -48,14 +49,7 @@ protected:
 }  // namespace
 
 TEST_F(EncoderFaults, AFullDiskEndsEitherJobOnceAfterTheTranscoderAndItsOutputAreGone) {
-    helper.install(
-        QStringLiteral("ffmpeg"),
-        fakeFfmpeg(
-            QStringLiteral("echo $$ > '%1'; echo partial > \"$last\"\n"
-                           "echo 'frame=1 time=00:00:00.20 bitrate=1k'\n"
-                           "echo '[mp4] av_interleaved_write_frame(): No space left on device'\n"
-                           "sleep 5")
-                .arg(helper.recordPath())));
+    helper.installFullDiskFfmpeg();
     ScopedHelpersDir fakes(helper.folder());
     QObject observer;
     bool stoppedAndRemovedFirst = false;
@@ -90,45 +84,33 @@ TEST_F(EncoderFaults, AFullDiskEndsEitherJobOnceAfterTheTranscoderAndItsOutputAr
     }
 }
 
-TEST_F(EncoderFaults, AHelperThatCrashesBeforeAnyProgressFailsEachFile) {
-    runWith(QStringLiteral("kill -SEGV $$"));
+TEST_F(EncoderFaults, AHelperThatCrashesOrIsMissingFailsEachFileAndTheJobEndsNormally) {
+    runWith(QStringLiteral("kill -SEGV $$"));  // before any progress
+    ASSERT_TRUE(waitForTheEnd());
+    EXPECT_EQ(log.count(kNotificationDidOccureProblemWhileEncoding), 2);
+    EXPECT_EQ(manager.failedFiles(), files);
+    EXPECT_EQ(power.held, 0);
+
+    log.received.clear();
+    FakeHelper empty;
+    ScopedHelpersDir nowhere(empty.folder());
+    ScopedEnvironment path("PATH", empty.folder().toUtf8());
+    manager.startLocalEncodeForFiles(files, outputUrl());
     ASSERT_TRUE(waitForTheEnd());
     EXPECT_EQ(log.count(kNotificationDidOccureProblemWhileEncoding), 2);
     EXPECT_EQ(manager.failedFiles(), files);
     EXPECT_EQ(power.held, 0);
 }
 
-TEST_F(EncoderFaults, AProgressLineSplitAcrossReadsStillCounts) {
-    runWith(
-        QStringLiteral("printf 'frame=25 fps=0.0 q=28.0 size=1kB time=00:00:0'; sleep 0.3\n"
-                       "printf '1.00 bitrate=1.0kbits/s speed=1x\\r'\necho encoded > \"$last\""));
-    ASSERT_TRUE(waitForTheEnd());
-    EXPECT_EQ(log.count(kNotificationDidOccureProblemWhileEncoding), 0);
-    EXPECT_EQ(manager.uploadedFilesCount(), 2);
-    EXPECT_EQ(files.first()->videoDetail->encodedSize, 8);
-    EXPECT_TRUE(files.first()->videoDetail->encodeSuccess);
-}
-
-TEST_F(EncoderFaults, ReachingNinetyPercentOfTheDurationIsEnough) {
-    // Both clips last 1000 ms: 900 ms is enough, 890 ms is not.
-    runWith(
-        QStringLiteral("case \"$2\" in *320x180*) t=00:00:00.90;; *) t=00:00:00.89;; esac\n"
-                       "echo \"frame=1 time=$t bitrate=1k\"; echo x > \"$last\""));
+TEST_F(EncoderFaults, ReachingNinetyPercentOfTheDurationIsEnoughEvenWhenTheLineIsSplit) {
+    // Both clips last 1000 ms: 900 ms is enough, even when it arrives in two reads; 890 ms is not.
+    runWith(QStringLiteral(
+        "case \"$2\" in *320x180*) printf 'frame=25 size=1kB time=00:00:0'; sleep 0.3\n"
+        "  printf '0.90 bitrate=1.0kbits/s speed=1x\\r';;\n"
+        "*) echo 'frame=1 time=00:00:00.89 bitrate=1k';; esac\necho encoded > \"$last\""));
     ASSERT_TRUE(waitForTheEnd());
     EXPECT_TRUE(files[0]->videoDetail->encodeSuccess);
+    EXPECT_EQ(files[0]->videoDetail->encodedSize, 8);
     EXPECT_FALSE(files[1]->videoDetail->encodeSuccess);
     EXPECT_EQ(manager.failedFiles(), FileList{files[1]});
-}
-
-TEST_F(EncoderFaults, AMissingHelperFailsEveryFileAndTheJobEndsNormally) {
-    FakeHelper empty;
-    ScopedHelpersDir nowhere(empty.folder());
-    const QByteArray path = qgetenv("PATH");
-    qputenv("PATH", empty.folder().toUtf8());
-    manager.startLocalEncodeForFiles(files, outputUrl());
-    const bool done = waitForTheEnd();
-    qputenv("PATH", path);
-    ASSERT_TRUE(done);
-    EXPECT_EQ(log.count(kNotificationDidOccureProblemWhileEncoding), 2);
-    EXPECT_EQ(power.held, 0);
 }

@@ -12,16 +12,20 @@
 #include "support/EventLoop.h"
 #include "support/FakeHelper.h"
 #include "support/RecordingSink.h"
+#include "support/ScopedEnvironment.h"
 #include "support/TestMedia.h"
 
 namespace {
 
+// An encoder that keeps its probes' reports.
 class ProbeRecorder : public EncoderDelegate {
 public:
+    ProbeRecorder() { encoder.setDelegate(this); }
     void didFinishLoadingDetailsForFile(const FilePtr& file) override {
         reported << file;
         reportedOnMainThread &= QThread::currentThread() == qApp->thread();
     }
+    Encoder encoder;
     FileList reported;
     bool reportedOnMainThread = true;  // until a report comes on another thread
 };
@@ -32,78 +36,54 @@ FilePtr probe(Encoder& encoder, const QString& path) {
     return file;
 }
 
-struct ClipCase {
-    const char* name;
-    std::function<QString()> make;
-    bool isVideo;
-    double width;
-    double height;
-    friend void PrintTo(const ClipCase& c, std::ostream* out) { *out << c.name; }
-};
-
-class RealClips : public testing::TestWithParam<ClipCase> {};
-
 }  // namespace
 
-TEST_P(RealClips, AreProbedWithTheRealHelper) {
-    const ClipCase& c = GetParam();
-    Encoder encoder;
-    ProbeRecorder recorder;
-    encoder.setDelegate(&recorder);
-    const FilePtr file = probe(encoder, c.make());
-    EXPECT_EQ(file->isVideo, c.isVideo);
-    if (c.width > 0) {
-        ASSERT_TRUE(file->videoDetail);
-        EXPECT_EQ(file->videoDetail->width, c.width);
-        EXPECT_EQ(file->videoDetail->height, c.height);
-    } else {
-        EXPECT_FALSE(file->videoDetail);
+TEST(EncoderProbe, ProbesRealClipsWithTheRealHelper) {
+    struct Case {
+        const char* name;
+        QString path;
+        bool isVideo;
+        double width;
+        double height;
+    };
+    const Case cases[] = {
+        {"landscape", TestMedia::video(640, 360, 1, true), true, 640, 360},
+        {"half a second", TestMedia::video(160, 90, 0.5), false, 160, 90},
+        {"just over half a second", TestMedia::video(160, 90, 0.51), true, 160, 90},
+        {"audio only", TestMedia::audioOnly(1), false, 0, 0},
+        {"still picture", TestMedia::still(64, 48), false, 64, 48},
+        {"cover picture as a second stream", TestMedia::withCoverPicture(), true, 600, 600},
+        {"text under a video name", TestMedia::textFile("notes.mp4", "not a video at all\n"), false,
+         0, 0},
+        {"blanks, quotes and accents",
+         TestMedia::copyNamed(TestMedia::video(320, 180, 1), "my 'best' \"take\" – été.mp4"), true,
+         320, 180},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        ProbeRecorder recorder;
+        const FilePtr file = probe(recorder.encoder, c.path);
+        EXPECT_EQ(file->isVideo, c.isVideo);
+        EXPECT_EQ(file->videoDetail != nullptr, c.width > 0);
+        if (file->videoDetail) {
+            EXPECT_EQ(file->videoDetail->width, c.width);
+            EXPECT_EQ(file->videoDetail->height, c.height);
+        }
+        ASSERT_TRUE(waitUntil([&] { return recorder.reported.size() == 1; }));
+        EXPECT_EQ(recorder.reported.first(), file);
     }
-    ASSERT_TRUE(waitUntil([&] { return recorder.reported.size() == 1; }));
-    EXPECT_EQ(recorder.reported.first(), file);
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Shapes, RealClips,
-    testing::Values(
-        ClipCase{"Landscape16x9", [] { return TestMedia::video(640, 360, 1, true); }, true, 640,
-                 360},
-        ClipCase{"Portrait9x16", [] { return TestMedia::video(360, 640, 1); }, true, 360, 640},
-        ClipCase{"OddShape", [] { return TestMedia::video(322, 178, 1); }, true, 322, 178},
-        ClipCase{"HalfASecond", [] { return TestMedia::video(160, 90, 0.5); }, false, 160, 90},
-        ClipCase{"JustOverHalfASecond", [] { return TestMedia::video(160, 90, 0.51); }, true, 160,
-                 90},
-        ClipCase{"AudioOnly", [] { return TestMedia::audioOnly(1); }, false, 0, 0},
-        ClipCase{"StillPicture", [] { return TestMedia::still(64, 48); }, false, 64, 48},
-        ClipCase{"CoverPictureAsSecondStream", [] { return TestMedia::withCoverPicture(); }, true,
-                 600, 600},
-        ClipCase{
-            "TextUnderAVideoName",
-            [] { return TestMedia::textFile(QStringLiteral("notes.mp4"), "not a video at all\n"); },
-            false, 0, 0},
-        ClipCase{"EmptyFile", [] { return TestMedia::textFile(QStringLiteral("empty.mov"), ""); },
-                 false, 0, 0},
-        ClipCase{"BlanksQuotesAndAccents",
-                 [] {
-                     return TestMedia::copyNamed(TestMedia::video(320, 180, 1),
-                                                 QStringLiteral("my 'best' \"take\" – été.mp4"));
-                 },
-                 true, 320, 180}),
-    [](const testing::TestParamInfo<ClipCase>& info) { return std::string(info.param.name); });
 
 TEST(EncoderProbe, AMissingHelperCountsAsAnEmptyAnswerAndIsLoggedOnce) {
     FakeHelper empty;
     ScopedHelpersDir helpers(empty.folder());
-    const QByteArray path = qgetenv("PATH");
-    qputenv("PATH", empty.folder().toUtf8());
+    const QString clip = TestMedia::video(320, 180, 1);  // made before the helpers go
+    ScopedEnvironment path("PATH", empty.folder().toUtf8());
     ScopedLogRecorder log;
-    Encoder encoder;
     ProbeRecorder recorder;
-    encoder.setDelegate(&recorder);
 
-    const FilePtr first = probe(encoder, TestMedia::video(320, 180, 1));
-    const FilePtr second = probe(encoder, TestMedia::video(320, 180, 1));
-    qputenv("PATH", path);
+    const FilePtr first = probe(recorder.encoder, clip);
+    const FilePtr second = probe(recorder.encoder, clip);
 
     EXPECT_FALSE(first->isVideo);
     EXPECT_FALSE(second->isVideo);
@@ -136,14 +116,10 @@ TEST(EncoderProbe, UsesTheOlderDurationOptionOnlyWhereTheHelperKnowsIt) {
         const FilePtr file = probe(encoder, clip);
 
         EXPECT_TRUE(file->isVideo);
-        const QStringList expected = {
-            QStringLiteral(
-                "-v|quiet|-print_format|json|-show_format_entry|duration|-show_streams|%1|")
-                .arg(clip),
-            QStringLiteral(
-                "-v|quiet|-print_format|json|-show_entries|format=duration|-show_streams|%1|")
-                .arg(clip)};
-        EXPECT_EQ(helper.recordedLines(), QStringList{expected[knowsOption ? 0 : 1]});
+        const QString duration = knowsOption ? QStringLiteral("-show_format_entry|duration")
+                                             : QStringLiteral("-show_entries|format=duration");
+        EXPECT_EQ(helper.recordedLines(), QStringList{"-v|quiet|-print_format|json|" + duration +
+                                                      "|-show_streams|" + clip + "|"});
     }
 }
 
@@ -183,20 +159,19 @@ TEST(ProbePool, RunsNoMoreThanItsThreadsAtOnceAndTheFirstProbesTogether) {
             "touch %2.done; rm %2/$$\n%3")
             .arg(helper.recordPath(), running, probeAnswer));
     ScopedHelpersDir helpers(helper.folder());
-    Encoder encoder;
     ProbeRecorder recorder;
-    encoder.setDelegate(&recorder);
-    ProbePool pool(encoder, 3);
+    ProbePool pool(recorder.encoder, 3);
     const FileList files = probeMany(pool, 7);
 
     ASSERT_TRUE(waitUntil([&] { return recorder.reported.size() == files.size(); }, 60000));
     QStringList lines = helper.recordedLines();
+    // Probes starting together share one question about the helper's options.
     EXPECT_EQ(lines.removeAll(QStringLiteral("check")), 1);
-    std::vector<int> together;
+    int mostTogether = 0;
     for (const QString& line : lines) {
-        together.push_back(line.trimmed().toInt());
+        mostTogether = std::max(mostTogether, line.trimmed().toInt());
     }
-    EXPECT_EQ(*std::max_element(together.begin(), together.end()), 3);
+    EXPECT_EQ(mostTogether, 3);
     EXPECT_TRUE(
         std::all_of(files.begin(), files.end(), [](const FilePtr& f) { return f->isVideo; }));
     EXPECT_TRUE(recorder.reportedOnMainThread);
@@ -209,10 +184,8 @@ TEST(ProbePool, StoppingKillsTheRunningProbesAndNothingReportsAfterwards) {
         QStringLiteral("if [ \"$5\" = -version ]; then exit 1; fi\necho $$ >> '%1'\nexec sleep 60")
             .arg(helper.recordPath()));
     ScopedHelpersDir helpers(helper.folder());
-    Encoder encoder;
     ProbeRecorder recorder;
-    encoder.setDelegate(&recorder);
-    auto pool = std::make_unique<ProbePool>(encoder, 2);
+    auto pool = std::make_unique<ProbePool>(recorder.encoder, 2);
     probeMany(*pool, 3);
     ASSERT_TRUE(waitUntil([&] { return helper.recordedLines().size() == 2; }));
 

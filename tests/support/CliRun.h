@@ -28,6 +28,17 @@ struct CliRun {
     }
 };
 
+// The environment with the password the service commands read; none at all when it is empty.
+inline QProcessEnvironment withPassword(
+    const QString& password,
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment()) {
+    environment.remove("ORVALE_PASSWORD");
+    if (!password.isEmpty()) {
+        environment.insert("ORVALE_PASSWORD", password);
+    }
+    return environment;
+}
+
 // A data folder of its own for orvale-cli runs, so that what they leave in the work folder shows.
 struct CliDataHome {
     QTemporaryDir dir;

@@ -2,8 +2,6 @@
 
 #include <QFile>
 
-FakeHelper::FakeHelper() = default;
-
 QString FakeHelper::install(const QString& name, const QString& scriptBody) {
     const QString path = dir_.filePath(name);
     QFile script(path);
@@ -17,10 +15,12 @@ QString FakeHelper::install(const QString& name, const QString& scriptBody) {
 }
 
 QString FakeHelper::installFullDiskFfmpeg() {
-    return install(QStringLiteral("ffmpeg"),
+    return install("ffmpeg",
                    QStringLiteral("[ \"$1\" = -encoders ] && { echo ' A....D aac  AAC'; exit 0; }\n"
                                   "for last in \"$@\"; do :; done; echo partial > \"$last\"\n"
-                                  "echo 'No space left on device'; exec sleep 5"));
+                                  "echo $$ > '%1'; echo 'frame=1 time=00:00:00.20'\n"
+                                  "echo 'No space left on device'; exec sleep 5")
+                       .arg(recordPath()));
 }
 
 QString FakeHelper::recordPath() const { return dir_.filePath(QStringLiteral("record.txt")); }
@@ -31,18 +31,4 @@ QStringList FakeHelper::recordedLines() const {
         return {};
     }
     return QString::fromUtf8(record.readAll()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
-}
-
-ScopedHelpersDir::ScopedHelpersDir(const QString& folder)
-    : previous_(qgetenv("ORVALE_HELPERS_DIR")),
-      hadPrevious_(qEnvironmentVariableIsSet("ORVALE_HELPERS_DIR")) {
-    qputenv("ORVALE_HELPERS_DIR", folder.toUtf8());
-}
-
-ScopedHelpersDir::~ScopedHelpersDir() {
-    if (hadPrevious_) {
-        qputenv("ORVALE_HELPERS_DIR", previous_);
-    } else {
-        qunsetenv("ORVALE_HELPERS_DIR");
-    }
 }

@@ -3,15 +3,16 @@
 #include <QString>
 #include <QTemporaryDir>
 
+#include "support/ScopedEnvironment.h"
+
 // A folder of stand-in helper scripts, for faults the real helpers can't be made to show.
 // Each script is a shell script body; "$@" holds the arguments it was called with.
 class FakeHelper {
 public:
-    FakeHelper();
-
     QString folder() const { return dir_.path(); }
     QString install(const QString& name, const QString& scriptBody);
-    // An ffmpeg that writes a little of its output, finds the disk full, and waits to be stopped.
+    // An ffmpeg that writes a little of its output, finds the disk full, and waits to be stopped;
+    // it records its process id.
     QString installFullDiskFfmpeg();
     // A file in the folder into which scripts may record what they were given.
     QString recordPath() const;
@@ -22,12 +23,8 @@ private:
 };
 
 // Points helper lookup at a folder for the scope's lifetime.
-class ScopedHelpersDir {
+class ScopedHelpersDir : public ScopedEnvironment {
 public:
-    explicit ScopedHelpersDir(const QString& folder);
-    ~ScopedHelpersDir();
-
-private:
-    QByteArray previous_;
-    bool hadPrevious_;
+    explicit ScopedHelpersDir(const QString& folder)
+        : ScopedEnvironment("ORVALE_HELPERS_DIR", folder.toUtf8()) {}
 };

@@ -6,42 +6,35 @@
 #include <QProcess>
 #include <QtEndian>
 
+// Test encodes are small enough to read whole.
 QStringList Mp4Reader::topLevelBoxes(const QString& path) {
-    QStringList boxes;
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        return boxes;
-    }
-    while (!file.atEnd()) {
-        const QByteArray header = file.read(8);
-        if (header.size() < 8) {
-            break;
+    const QByteArray data = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    QStringList boxes;
+    for (qsizetype at = 0; at + 8 <= data.size();) {
+        quint64 size = qFromBigEndian<quint32>(data.constData() + at);
+        boxes << QString::fromLatin1(data.mid(at + 4, 4));
+        if (size == 1 && at + 16 <= data.size()) {
+            size = qFromBigEndian<quint64>(data.constData() + at + 8);
         }
-        quint64 size = qFromBigEndian<quint32>(header.constData());
-        boxes << QString::fromLatin1(header.mid(4, 4));
-        qint64 headerSize = 8;
-        if (size == 1) {
-            size = qFromBigEndian<quint64>(file.read(8).constData());
-            headerSize = 16;
-        } else if (size == 0) {
-            break;
+        if (size < 8) {
+            break;  // 0 runs to the end of the file
         }
-        file.seek(file.pos() - headerSize + static_cast<qint64>(size));
+        at += static_cast<qsizetype>(size);
     }
     return boxes;
 }
 
 QJsonObject Mp4Reader::probe(const QString& path) {
     QProcess ffprobe;
-    ffprobe.start(QStringLiteral("ffprobe"), {QStringLiteral("-v"), QStringLiteral("quiet"), QStringLiteral("-print_format"),
-                                              QStringLiteral("json"), QStringLiteral("-show_streams"), path});
+    ffprobe.start("ffprobe", {"-v", "quiet", "-print_format", "json", "-show_streams", path});
     ffprobe.waitForFinished(30000);
     return QJsonDocument::fromJson(ffprobe.readAllStandardOutput()).object();
 }
 
 QJsonObject Mp4Reader::stream(const QJsonObject& answer, const QString& type) {
-    for (const QJsonValue& value : answer.value(QStringLiteral("streams")).toArray()) {
-        if (value.toObject().value(QStringLiteral("codec_type")).toString() == type) {
+    for (const QJsonValue& value : answer.value("streams").toArray()) {
+        if (value.toObject().value("codec_type").toString() == type) {
             return value.toObject();
         }
     }

@@ -19,8 +19,7 @@ struct SessionHarnessOptions {
 // orvale-service; records every session notification it posts.
 class SessionHarness {
 public:
-    SessionHarness() : SessionHarness(SessionHarnessOptions{}) {}
-    explicit SessionHarness(const SessionHarnessOptions& options)
+    explicit SessionHarness(const SessionHarnessOptions& options = {})
         : service(options.serviceArguments),
           defaults(settingsFileWith(settingsDir, options.shouldUseV2)),
           manager(center, power, defaults),

@@ -42,10 +42,8 @@ QString TestMedia::generate(const QString& name, const QStringList& ffmpegArgume
                                QFileInfo(name).completeBaseName(), QFileInfo(name).suffix()));
     QProcess ffmpeg;
     ffmpeg.setProcessChannelMode(QProcess::MergedChannels);
-    ffmpeg.start(QStringLiteral("ffmpeg"),
-                 QStringList{QStringLiteral("-hide_banner"), QStringLiteral("-nostdin"),
-                             QStringLiteral("-loglevel"), QStringLiteral("error")} +
-                     ffmpegArguments + QStringList{QStringLiteral("-y"), partial});
+    ffmpeg.start("ffmpeg", QStringList{"-hide_banner", "-nostdin", "-loglevel", "error"} +
+                               ffmpegArguments + QStringList{"-y", partial});
     if (!ffmpeg.waitForFinished(120000) || ffmpeg.exitCode() != 0) {
         throw std::runtime_error("ffmpeg could not make " + name.toStdString() + ": " +
                                  ffmpeg.readAll().toStdString());
@@ -56,50 +54,38 @@ QString TestMedia::generate(const QString& name, const QStringList& ffmpegArgume
 }
 
 QString TestMedia::video(int width, int height, double length, bool withAudio) {
-    const QString name = QStringLiteral("video-%1x%2-%3s%4.mp4")
-                             .arg(width)
-                             .arg(height)
-                             .arg(seconds(length), withAudio ? "-audio" : "");
-    QStringList args{QStringLiteral("-f"), QStringLiteral("lavfi"), QStringLiteral("-i"),
-                     QStringLiteral("testsrc=size=%1x%2:rate=%3:duration=%4")
-                         .arg(width)
-                         .arg(height)
+    const QString size = QStringLiteral("%1x%2").arg(width).arg(height);
+    QStringList args{"-f", "lavfi", "-i",
+                     QStringLiteral("testsrc=size=%1:rate=%2:duration=%3")
+                         .arg(size)
                          .arg(frameRateFor(length))
                          .arg(seconds(length))};
     if (withAudio) {
-        args << QStringLiteral("-f") << QStringLiteral("lavfi") << QStringLiteral("-i")
-             << QStringLiteral("sine=frequency=440:sample_rate=44100:duration=%1")
-                    .arg(seconds(length))
-             << QStringLiteral("-c:a") << QStringLiteral("aac") << QStringLiteral("-shortest");
+        const QString tone = "sine=frequency=440:sample_rate=44100:duration=" + seconds(length);
+        args += QStringList{"-f", "lavfi", "-i", tone, "-c:a", "aac", "-shortest"};
     }
-    args << QStringLiteral("-c:v") << QStringLiteral("libx264") << QStringLiteral("-preset")
-         << QStringLiteral("ultrafast") << QStringLiteral("-pix_fmt") << QStringLiteral("yuv420p");
-    return generate(name, args);
+    const QString name =
+        "video-" + size + "-" + seconds(length) + "s" + (withAudio ? "-audio" : "") + ".mp4";
+    return generate(
+        name, args + QStringList{"-c:v", "libx264", "-preset", "ultrafast", "-pix_fmt", "yuv420p"});
 }
 
 QString TestMedia::audioOnly(double length) {
-    return generate(QStringLiteral("audio-%1s.m4a").arg(seconds(length)),
-                    {QStringLiteral("-f"), QStringLiteral("lavfi"), QStringLiteral("-i"),
-                     QStringLiteral("sine=frequency=440:duration=%1").arg(seconds(length)),
-                     QStringLiteral("-c:a"), QStringLiteral("aac")});
+    return generate(
+        "audio-" + seconds(length) + "s.m4a",
+        {"-f", "lavfi", "-i", "sine=frequency=440:duration=" + seconds(length), "-c:a", "aac"});
 }
 
 QString TestMedia::still(int width, int height) {
-    return generate(QStringLiteral("still-%1x%2.png").arg(width).arg(height),
-                    {QStringLiteral("-f"), QStringLiteral("lavfi"), QStringLiteral("-i"),
-                     QStringLiteral("color=c=orange:size=%1x%2").arg(width).arg(height),
-                     QStringLiteral("-frames:v"), QStringLiteral("1")});
+    const QString size = QStringLiteral("%1x%2").arg(width).arg(height);
+    return generate("still-" + size + ".png",
+                    {"-f", "lavfi", "-i", "color=c=orange:size=" + size, "-frames:v", "1"});
 }
 
 QString TestMedia::withCoverPicture() {
-    const QString film = video(1920, 1080, 1.0);
-    const QString cover = still(600, 600);
-    return generate(
-        QStringLiteral("video-with-cover.mp4"),
-        {QStringLiteral("-i"), film, QStringLiteral("-i"), cover, QStringLiteral("-map"),
-         QStringLiteral("0"), QStringLiteral("-map"), QStringLiteral("1"), QStringLiteral("-c:v:0"),
-         QStringLiteral("copy"), QStringLiteral("-c:v:1"), QStringLiteral("png"),
-         QStringLiteral("-disposition:v:1"), QStringLiteral("attached_pic")});
+    return generate("video-with-cover.mp4",
+                    {"-i", video(1920, 1080, 1.0), "-i", still(600, 600), "-map", "0", "-map", "1",
+                     "-c:v:0", "copy", "-c:v:1", "png", "-disposition:v:1", "attached_pic"});
 }
 
 QString TestMedia::copyNamed(const QString& source, const QString& name) {
