@@ -1,10 +1,8 @@
-#include <fcntl.h>
 #include <gtest/gtest.h>
-#include <spawn.h>
-#include <sys/wait.h>
 
 #include <QDir>
 #include <QFile>
+#include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
 #include <csignal>
@@ -13,39 +11,29 @@
 #include "crash/CrashReportRecord.h"
 #include "crash/CrashReporter.h"
 
-extern char** environ;
-
 namespace {
 
-// Runs the crashing child in its own folders and keeps what it left behind. The child is
-// started with posix_spawn rather than QProcess, since the test needs the signal it died of.
+// Runs the crashing child in its own folders and keeps what it left behind.
 class CrashingChild {
 public:
     explicit CrashingChild(const char* mode) {
-        const QByteArray pending = QFile::encodeName(pendingFolder());
-        const QByteArray logs = QFile::encodeName(logFolder());
-        const QByteArray output = QFile::encodeName(m_dir.filePath(QStringLiteral("output.txt")));
-        char* argv[] = {const_cast<char*>(ORVALE_CRASH_CHILD_PATH), const_cast<char*>(mode),
-                        const_cast<char*>(pending.constData()), const_cast<char*>(logs.constData()),
-                        nullptr};
-        posix_spawn_file_actions_t actions;
-        posix_spawn_file_actions_init(&actions);
-        posix_spawn_file_actions_addopen(&actions, 1, output.constData(), O_WRONLY | O_CREAT, 0644);
-        posix_spawn_file_actions_adddup2(&actions, 1, 2);
+        QProcess child;
+        child.setProcessChannelMode(QProcess::MergedChannels);
         m_before = QDateTime::currentSecsSinceEpoch();
-        pid_t pid = -1;
-        if (posix_spawn(&pid, argv[0], &actions, nullptr, argv, environ) == 0) {
-            waitpid(pid, &m_status, 0);
-        }
+        child.start(QStringLiteral(ORVALE_CRASH_CHILD_PATH),
+                    {QLatin1String(mode), pendingFolder(), logFolder()});
+        child.waitForFinished(30000);
         m_after = QDateTime::currentSecsSinceEpoch();
-        posix_spawn_file_actions_destroy(&actions);
+        // Of a crashed process, Qt keeps the signal it died of as its exit code.
+        m_signal = child.exitStatus() == QProcess::CrashExit ? child.exitCode() : 0;
+        m_output = QString::fromUtf8(child.readAll());
     }
 
     QString pendingFolder() const { return m_dir.filePath(QStringLiteral("pending")); }
     QString logFolder() const { return m_dir.filePath(QStringLiteral("logs")); }
 
-    int signalOfDeath() const { return WIFSIGNALED(m_status) ? WTERMSIG(m_status) : 0; }
-    QString output() const { return read(m_dir.filePath(QStringLiteral("output.txt"))); }
+    int signalOfDeath() const { return m_signal; }
+    QString output() const { return m_output; }
 
     std::optional<CrashReportRecord> record() const {
         CrashReporter::Options options = CrashReporter::Options::defaults();
@@ -68,7 +56,8 @@ private:
     }
 
     QTemporaryDir m_dir;
-    int m_status = 0;
+    int m_signal = 0;
+    QString m_output;
     qint64 m_before = 0;
     qint64 m_after = 0;
 };

@@ -44,8 +44,9 @@ TEST(MultipartBody, FilesFollowTheFieldsAndUnreachableOnesAreLeftOut) {
     QTemporaryDir dir;
     const QByteArray source(300000, 's');
     const QString original = writeFile(dir, "clip.mov", source);
-    MultipartBody body("B", {{"auth_token", "T"}},
-                       {{"media_file", original}, {"media_file_alt", dir.filePath("vanished_proxy.mp4")}});
+    MultipartBody body(
+        "B", {{"auth_token", "T"}},
+        {{"media_file", original}, {"media_file_alt", dir.filePath("vanished_proxy.mp4")}});
     const QByteArray all = readAll(body, 65536);
 
     EXPECT_EQ(static_cast<quint64>(all.size()), body.size());
@@ -88,9 +89,10 @@ TEST(FormFields, KeysSortCaseInsensitivelyAndArraysRepeatTheirName) {
                                  {"media_type_id", 4},
                                  {"extra", QVariantMap{{"b", 2}, {"A", 1}}},
                                  {"nothing", QVariant()}};
-    const QList<FormFields::Field> expected = {{"Auth_token", "T"}, {"credits_12", "Bo"}, {"credits_3", "Ann"},
-                                               {"extra[A]", "1"},   {"extra[b]", "2"},    {"media_type_id", "4"},
-                                               {"nothing", ""},     {"output_format", "json"},
-                                               {"tags[]", "sea"},   {"tags[]", "sky"}};
+    const QList<FormFields::Field> expected = {{"Auth_token", "T"},  {"credits_12", "Bo"},
+                                               {"credits_3", "Ann"}, {"extra[A]", "1"},
+                                               {"extra[b]", "2"},    {"media_type_id", "4"},
+                                               {"nothing", ""},      {"output_format", "json"},
+                                               {"tags[]", "sea"},    {"tags[]", "sky"}};
     EXPECT_EQ(FormFields::flatten(parameters), expected);
 }
