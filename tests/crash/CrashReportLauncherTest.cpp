@@ -33,26 +33,18 @@ protected:
 
 }  // namespace
 
-// Which fields go with the log is the submission's test; here the way from crash to service.
-TEST_F(CrashReportLauncherTest, CrashOfARealChildReachesTheServiceAtTheNextStart) {
+// Which fields go with the log is the submission's test, what the log holds the capture's;
+// here the summary the next start makes of a real crash.
+TEST_F(CrashReportLauncherTest, CrashOfARealChildIsSummedUpAtTheNextStart) {
     m_settings.setValue(CrashReportSettings::kIncludeSystemInformationKey, true);
-    launch();
+    launch();  // the first start only notes from when on crash logs count
     settle();
-    EXPECT_TRUE(m_service.requests().isEmpty());
-
     crashAChild("uncaught-exception");
-    ASSERT_TRUE(m_crashReporter.hasPendingCrashReport());
-
-    auto secondStart = launch();
+    auto nextStart = launch();
     ASSERT_TRUE(waitUntil([this] { return m_service.requestsTo("report_add").size() == 1; }))
         << m_service.diagnostics().toStdString();
 
-    const QJsonObject crashLog = m_service.requestsTo("crash_log").value(0);
-    EXPECT_EQ(crashLog.value("status").toInt(), 200);
-    const QJsonObject file = firstFile(m_service.uploads().value(0));
-    EXPECT_TRUE(file.value("filename").toString().startsWith("Orvale_"));
-    EXPECT_TRUE(storedContent(file).contains("Exception Name:  std::runtime_error"));
-
+    EXPECT_EQ(m_service.requestsTo("crash_log").size(), 1);
     const QJsonObject summary = m_service.requestsTo("report_add").value(0);
     EXPECT_EQ(summary.value("status").toInt(), 200);
     EXPECT_EQ(summary.value("problems").toArray(), QJsonArray());

@@ -2,7 +2,6 @@
 
 #include <QFile>
 #include <QRegularExpression>
-#include <QSet>
 #include <QTemporaryDir>
 
 #include "service/MultipartBody.h"
@@ -70,14 +69,10 @@ TEST(MultipartBody, UnknownExtensionsAreOctetStreams) {
 }
 
 TEST(MultipartBody, EveryRequestGetsAFreshBoundary) {
-    const QRegularExpression form("^Boundary\\+[0-9A-F]{16}$");
-    QSet<QString> seen;
-    for (int i = 0; i < 20; ++i) {
-        const QString boundary = MultipartBody::makeBoundary();
-        EXPECT_TRUE(form.match(boundary).hasMatch()) << boundary.toStdString();
-        seen.insert(boundary);
-    }
-    EXPECT_EQ(seen.size(), 20);
+    const QString boundary = MultipartBody::makeBoundary();
+    EXPECT_TRUE(QRegularExpression("^Boundary\\+[0-9A-F]{16}$").match(boundary).hasMatch())
+        << boundary.toStdString();
+    EXPECT_NE(MultipartBody::makeBoundary(), boundary);
 }
 
 TEST(FormFields, KeysSortCaseInsensitivelyAndArraysRepeatTheirName) {
