@@ -2,11 +2,9 @@
 #include <httplib.h>
 
 #include <QJsonArray>
-#include <QJsonDocument>
 #include <QJsonObject>
 
 #include "support/ServiceProcess.h"
-#include "support/ServiceRecords.h"
 
 namespace {
 
@@ -16,13 +14,6 @@ httplib::Client clientFor(const ServiceProcess& service) {
     httplib::Client client("127.0.0.1", service.port());
     client.set_read_timeout(5, 0);
     return client;
-}
-
-QJsonObject rootOf(const httplib::Result& result) {
-    return QJsonDocument::fromJson(QByteArray::fromStdString(result->body))
-        .object()
-        .value("root")
-        .toObject();
 }
 
 // One text part; what the app's multipart bodies hold is the transport's test.
@@ -48,29 +39,6 @@ protected:
 };
 
 }  // namespace
-
-TEST_F(OrvaleService, LoginTakesAPasswordWithAmpersandAndEqualsAsSentBelowAnyPrefix) {
-    auto result =
-        client.Post("/site/path/v2/api/orvale/get_token/",
-                    "connect_pw=wonder&land=1&output_format=json&connect_un=alice", kForm);
-    ASSERT_TRUE(result);
-    EXPECT_EQ(result->status, 200);
-    EXPECT_EQ(result->get_header_value("Content-Type"), "application/json");
-    const QString token = rootOf(result).value("api_token").toString();
-    EXPECT_FALSE(token.isEmpty());
-
-    const QJsonObject record = service.requestsTo("get_token").value(0);
-    EXPECT_EQ(record.value("prefix").toString(), "/site/path/v2");
-    EXPECT_EQ(record.value("generation").toInt(), 2);
-    EXPECT_TRUE(record.value("problems").toArray().isEmpty());
-    EXPECT_EQ(ServiceRecords::pairValue(record, "connect_pw"), "wonder&land=1");
-
-    const std::string projects =
-        "section=project&auth_token=" + token.toStdString() + "&output_format=json";
-    result = client.Post("/site/path/v2/api/main/select_all/", projects, kForm);
-    ASSERT_TRUE(result);
-    EXPECT_EQ(rootOf(result).value("project").toArray().size(), 3);
-}
 
 // A value that is not free text ends at the next "&": "extra" stands on its own.
 TEST_F(OrvaleService, AMalformedLoginIsRefusedWithEachProblemNamed) {
