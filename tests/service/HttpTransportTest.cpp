@@ -1,10 +1,8 @@
 #include <gtest/gtest.h>
 
 #include <QCoreApplication>
-#include <QFile>
 #include <QJsonArray>
 #include <QTcpServer>
-#include <QTemporaryDir>
 #include <QThread>
 #include <chrono>
 #include <cstring>
@@ -18,6 +16,7 @@
 #include "support/ScopedEnvironment.h"
 #include "support/ServiceProcess.h"
 #include "support/ServiceRecords.h"
+#include "support/TestMedia.h"
 
 namespace {
 
@@ -116,20 +115,16 @@ TEST_F(HttpTransportTest, TransportFailuresCarryLibcurlsDescription) {
 }
 
 TEST_F(HttpTransportTest, StreamedBodyArrivesByteExactWithProgressAddingUp) {
-    QTemporaryDir dir;
     // Every byte value, and lines that nearly are a delimiter, inside the file.
     QByteArray content = "\r\n--Boundary+0\r\n--\r\n\r\n--Boundary+0123456789ABCDE";
     for (int i = 0; i < 3 * 1024 * 1024; ++i) {
         content += char((i * 31 + i / 4093) & 0xff);
     }
-    QFile file(dir.filePath(QStringLiteral("clip.mp4")));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(content) == content.size());
-    file.close();
     auto body = std::make_shared<MultipartBody>(
         QStringLiteral("Boundary+0123456789ABCDEF"),
         QList<FormFields::Field>{
             {"auth_token", "bob-fixed-token"}, {"folder_id", "103"}, {"output_format", "json"}},
-        QList<MultipartBody::FilePart>{{"media_file", file.fileName()}});
+        QList<MultipartBody::FilePart>{{"media_file", TestMedia::textFile("clip.mp4", content)}});
     const auto size = qint64(body->size());
     HttpRequest request("POST", url(QStringLiteral("/api/orvale/put_project_file/")));
     request.setHeader("Content-Type", body->contentType());

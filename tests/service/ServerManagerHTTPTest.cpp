@@ -109,17 +109,6 @@ TEST_F(ServerManagerOverLoopback, ALoginAnsweredWithoutTokenFailsWithTheServices
     EXPECT_TRUE(client.authToken().isEmpty());
 }
 
-// The last entry per table decides (bob, in the catalogue cases; alice, in orvale-cli login's);
-// a user without "api_permissions" has no rights at all.
-TEST_F(ServerManagerOverLoopback, PermissionsDefaultToNone) {
-    ASSERT_TRUE(logIn("carol", "no rights").success);
-    client.loadPermissionsWithUserId(9);
-    const auto report = delegate.waitFor("permissions");
-    ASSERT_TRUE(report.success);
-    EXPECT_FALSE(report.value<Permissions>().hasProjectsAccess);
-    EXPECT_FALSE(report.value<Permissions>().hasMediaLibAccess);
-}
-
 TEST(ServerManagerHTTP, ACallBeforeAnyAddressFailsOnTheNextTurnOfTheEventLoop) {
     RecordingServerDelegate delegate;
     ServerManagerHTTP client;
