@@ -61,7 +61,8 @@ protected:
 
 }  // namespace
 
-TEST(JsonRequest, AnswersNeedASuccessStatusAJsonTypeAndJsonText) {
+// Refused statuses and content types are the client's test, against the service's faults.
+TEST(JsonRequest, AnAnswerMustParseUnlessItIsBlankOrNoAnswerCame) {
     struct Case {
         HttpResponse response;
         bool accepted;
@@ -71,10 +72,6 @@ TEST(JsonRequest, AnswersNeedASuccessStatusAJsonTypeAndJsonText) {
     const Case cases[] = {
         {{200, json, R"({"root":{}})", {}}, true, {}},
         {{200, {{"content-type", "text/javascript"}}, " ", {}}, true, {}},
-        {{404, json, "{}", {}}, false, "Expected status code in (200-299), got 404"},
-        {{200, {{"Content-Type", "text/html"}}, "<html></html>", {}},
-         false,
-         "Expected content type (application/json, text/json, text/javascript), got text/html"},
         {{200, json, "oops", {}}, false, "illegal value"},
         {{0, {}, {}, "Connection refused"}, false, "Connection refused"},
     };
