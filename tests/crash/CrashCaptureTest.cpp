@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include <QDir>
-#include <QFile>
 #include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
@@ -10,6 +9,9 @@
 #include "crash/CrashPaths.h"
 #include "crash/CrashReportRecord.h"
 #include "crash/CrashReporter.h"
+#include "support/ServiceRecords.h"
+
+using ServiceRecords::contentsOf;
 
 namespace {
 
@@ -43,18 +45,15 @@ public:
     }
 
     QStringList crashLogs() const { return QDir(logFolder()).entryList(QDir::Files); }
-    QString crashLog() const { return read(QDir(logFolder()).filePath(crashLogs().value(0))); }
+    QString crashLog() const {
+        return QString::fromUtf8(contentsOf(QDir(logFolder()).filePath(crashLogs().value(0))));
+    }
 
     bool happenedWhileRunning(const QDateTime& time) const {
         return time.toSecsSinceEpoch() >= m_before && time.toSecsSinceEpoch() <= m_after;
     }
 
 private:
-    static QString read(const QString& path) {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
-    }
-
     QTemporaryDir m_dir;
     int m_signal = 0;
     QString m_output;
