@@ -24,11 +24,6 @@ protected:
         return *m_finder;
     }
 
-    // Until the post has been answered or has failed.
-    bool waitForTheSender() {
-        return waitUntil([this] { return finder().sender() && !finder().sender()->isSending(); });
-    }
-
     NotificationLog m_log{m_center, {kFinished}};
     std::unique_ptr<PellCrashReporter> m_finder;
 };
@@ -153,7 +148,8 @@ TEST_P(CrashLogSubmissionFault, OnlyAnAnswerMovesTheDateOn) {
     const QString path = writeLog(QStringLiteral("Orvale_a.crash"), kFirstStart.addSecs(60));
 
     ASSERT_TRUE(finder().checkForNewCrashes());
-    ASSERT_TRUE(waitForTheSender());
+    // Until the post has been answered or has failed.
+    ASSERT_TRUE(waitUntil([this] { return finder().sender() && !finder().sender()->isSending(); }));
     waitUntil([this] { return m_log.count(kFinished) > 0; }, answered ? 10000 : 0);
     EXPECT_EQ(m_service.requestsTo("crash_log").size(), 1);
     EXPECT_EQ(m_log.count(kFinished), answered ? 1 : 0);
