@@ -1,17 +1,10 @@
 #include <gtest/gtest.h>
 
-#include <QDir>
-#include <QFile>
 #include <QJsonArray>
-#include <QJsonObject>
-#include <QTemporaryDir>
 
-#include "crash/CrashReportSettings.h"
-#include "crash/PellCrashReporter.h"
+#include "crash/CrashReportingFixture.h"
 #include "crash/PellSystemInformation.h"
-#include "support/EventLoop.h"
 #include "support/NotificationLog.h"
-#include "support/ServiceProcess.h"
 #include "support/ServiceRecords.h"
 
 namespace {
@@ -19,58 +12,18 @@ namespace {
 const QString kFinished = QVCrashReportSender::kFinishedNotification;
 const QDateTime kFirstStart = QDateTime(QDate(2026, 3, 1), QTime(9, 0), Qt::UTC);
 
-// A finder that searches a temporary crash-log folder, with its settings in a temporary file and
-// its crash logs posted to an orvale-service of its own.
-class CrashLogSubmission : public testing::Test {
+// A finder that searches the fixture's crash-log folder and posts to its orvale-service.
+class CrashLogSubmission : public CrashReportingFixture {
 protected:
-    explicit CrashLogSubmission(const QStringList& serviceArguments = {})
-        : m_service(serviceArguments),
-          m_settings(m_dir.filePath(QStringLiteral("settings.ini")), QSettings::IniFormat) {
-        QDir().mkpath(logFolder());
-        m_settings.setValue(CrashReportSettings::kSubmissionURLKey,
-                            m_service.baseUrl() + QStringLiteral("/crashlogs/submit"));
-    }
-
-    void SetUp() override {
-        ASSERT_TRUE(m_service.isRunning()) << m_service.errorString().toStdString();
-    }
-
-    QString logFolder() const { return m_dir.filePath(QStringLiteral("DiagnosticReports")); }
-
-    QString writeLog(const QString& name, const QDateTime& modified,
-                     const QByteArray& text = "Process: Orvale [42]\n") const {
-        const QString path = QDir(logFolder()).filePath(name);
-        QDir().mkpath(QFileInfo(path).path());
-        QFile file(path);
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(text);
-        file.flush();  // a later flush would set the time anew
-        EXPECT_TRUE(file.setFileTime(modified, QFileDevice::FileModificationTime));
-        return path;
-    }
+    using CrashReportingFixture::CrashReportingFixture;
 
     PellCrashReporter& finder() {
         if (!m_finder) {
-            m_finder = std::make_unique<PellCrashReporter>(
-                m_settings, m_center,
-                PellCrashReporter::Options{{logFolder()}, ApplicationInfo::current()});
+            m_finder = std::make_unique<PellCrashReporter>(m_settings, m_center, finderOptions());
         }
         return *m_finder;
     }
 
-    std::optional<QDateTime> storedDate() {
-        return CrashReportSettings(m_settings).lastCrashReportDate();
-    }
-
-    // Until the post has been answered or has failed.
-    bool waitForTheSender() {
-        return waitUntil([this] { return finder().sender() && !finder().sender()->isSending(); });
-    }
-
-    QTemporaryDir m_dir;
-    ServiceProcess m_service;
-    QSettings m_settings;
-    NotificationCenter m_center;
     NotificationLog m_log{m_center, {kFinished}};
     std::unique_ptr<PellCrashReporter> m_finder;
 };
@@ -103,6 +56,8 @@ TEST_F(CrashLogSubmission, FirstStartOnlyStoresTheDate) {
 // the date on to it never skips another.
 TEST_F(CrashLogSubmission, NewLogsWithTheApplicationsNameAreSentOldestFirstOnePerStart) {
     m_settings.setValue(CrashReportSettings::kLastCrashReportDateKey, kFirstStart);
+    m_settings.setValue(CrashReportSettings::kSubmissionURLKey,
+                        m_service.baseUrl() + QStringLiteral("/stored/crashlogs/submit"));
     const QList<QPair<const char*, int>> logs = {
         {"Orvale_one.crash", 120}, {"OrvaleHelper_two.crash", 60},  {"Orvale/three.crash", 180},
         {"Other_four.crash", 30},  {"older/Orvale_five.crash", 10}, {"Orvale_old.crash", -60}};
@@ -125,6 +80,8 @@ TEST_F(CrashLogSubmission, NewLogsWithTheApplicationsNameAreSentOldestFirstOnePe
         sent << ServiceRecords::firstFile(m_service.uploads().last())["filename"].toString();
     }
     EXPECT_EQ(sent, (QStringList{"OrvaleHelper_two.crash", "Orvale_one.crash", "three.crash"}));
+    // An address stored in the settings comes before the configured host.
+    EXPECT_EQ(m_service.requestsTo("crash_log").value(0)["prefix"], "/stored");
 }
 
 class CrashLogFields : public CrashLogSubmission, public testing::WithParamInterface<bool> {};
@@ -176,7 +133,7 @@ TEST_P(CrashLogFields, NewerLogIsPostedWithTheReportsFieldsAndMovesTheDateOn) {
 
     EXPECT_EQ(storedDate(), QFileInfo(path).lastModified());
     // The same log is not sent again at the next start.
-    PellCrashReporter nextStart(m_settings, m_center, {{logFolder()}, application});
+    PellCrashReporter nextStart(m_settings, m_center, finderOptions());
     EXPECT_FALSE(nextStart.checkForNewCrashes());
 }
 
@@ -191,7 +148,8 @@ TEST_P(CrashLogSubmissionFault, OnlyAnAnswerMovesTheDateOn) {
     const QString path = writeLog(QStringLiteral("Orvale_a.crash"), kFirstStart.addSecs(60));
 
     ASSERT_TRUE(finder().checkForNewCrashes());
-    ASSERT_TRUE(waitForTheSender());
+    // Until the post has been answered or has failed.
+    ASSERT_TRUE(waitUntil([this] { return finder().sender() && !finder().sender()->isSending(); }));
     waitUntil([this] { return m_log.count(kFinished) > 0; }, answered ? 10000 : 0);
     EXPECT_EQ(m_service.requestsTo("crash_log").size(), 1);
     EXPECT_EQ(m_log.count(kFinished), answered ? 1 : 0);

@@ -31,28 +31,19 @@ protected:
 
 }  // namespace
 
-TEST_F(CrashReporterTest, NothingPendingWithoutAnEarlierCrash) {
-    CrashReporter crashReporter = reporter();
-    EXPECT_FALSE(crashReporter.hasPendingCrashReport());
-    QString error;
-    EXPECT_FALSE(crashReporter.loadPendingCrashReportData(&error));
-    EXPECT_FALSE(error.isEmpty());
-    EXPECT_TRUE(crashReporter.purgePendingCrashReport());
-}
-
 // A record that cannot be parsed is still pending, so that it can be reported and purged.
 TEST_F(CrashReporterTest, PendingRecordIsLoadedAsItWasLeftUntilPurged) {
-    CrashReportRecord record;
-    record.systemInfo.timestamp = QDateTime::fromSecsSinceEpoch(1712318096, Qt::UTC);
-    record.signalInfo = {QStringLiteral("SIGBUS"), QStringLiteral("BUS_ADRERR"), 0x1000};
-    for (const QByteArray& data : {record.toData(), QByteArray("half a rec")}) {
-        leaveRecord(data);
-        CrashReporter crashReporter = reporter();
-        ASSERT_TRUE(crashReporter.hasPendingCrashReport());
-        EXPECT_EQ(crashReporter.loadPendingCrashReportData(), data);
-        EXPECT_TRUE(crashReporter.purgePendingCrashReport());
-        EXPECT_FALSE(crashReporter.hasPendingCrashReport());
-    }
+    leaveRecord("half a rec");
+    CrashReporter crashReporter = reporter();
+    ASSERT_TRUE(crashReporter.hasPendingCrashReport());
+    EXPECT_EQ(crashReporter.loadPendingCrashReportData(), "half a rec");
+    EXPECT_TRUE(crashReporter.purgePendingCrashReport());
+    EXPECT_FALSE(crashReporter.hasPendingCrashReport());
+    // With nothing pending, loading says why and purging has nothing to do.
+    QString error;
+    EXPECT_FALSE(reporter().loadPendingCrashReportData(&error));
+    EXPECT_FALSE(error.isEmpty());
+    EXPECT_TRUE(reporter().purgePendingCrashReport());
 }
 
 TEST_F(CrashReporterTest, UnreadableRecordFailsToLoadWithAReason) {

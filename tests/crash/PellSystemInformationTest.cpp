@@ -65,14 +65,8 @@ TEST_F(PellSystemInformationTest, FactsWithoutSourceAreLeftOutOfTheForm) {
     put(QStringLiteral("sys/class/dmi/id/product_name"), "\n");
     put(QStringLiteral("proc/meminfo"), "MemTotal: lots\n");
 
-    const PellSystemInformation info = read();
-    EXPECT_FALSE(info.model());
-    EXPECT_FALSE(info.physicalMemory());
-    EXPECT_FALSE(info.busFrequency());
-    EXPECT_FALSE(info.cpuType());
-
     using Fields = QList<QPair<QString, QString>>;
-    EXPECT_EQ(info.formFields(),
+    EXPECT_EQ(read().formFields(),
               (Fields{{QStringLiteral("machine"), QStringLiteral("x86_64")},
                       {QStringLiteral("systemBuildVersion"), QStringLiteral("6.1.0-18-amd64")}}));
 }

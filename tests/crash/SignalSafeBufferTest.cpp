@@ -61,9 +61,8 @@ TEST(CrashSignalSafeBuffer, CutsOffInsteadOfOverflowing) {
 }
 
 TEST(CrashSignalSafeBuffer, DatesAtCalendarCorners) {
-    EXPECT_EQ(utc(0), QStringLiteral("1970-01-01 00:00:00"));
+    // The walk below covers 1900 to 2099; these lie just outside or between its steps.
     EXPECT_EQ(utc(-1), QStringLiteral("1969-12-31 23:59:59"));
-    EXPECT_EQ(utc(951782400), QStringLiteral("2000-02-29 00:00:00"));   // divisible by 400
     EXPECT_EQ(utc(4107542400), QStringLiteral("2100-03-01 00:00:00"));  // no 29 February
     EXPECT_EQ(utc(253402300799), QStringLiteral("9999-12-31 23:59:59"));
     EXPECT_EQ(utc(1712318096, "-", ""), QStringLiteral("2024-04-05-115456"));

@@ -47,9 +47,7 @@ int crash(const char* mode) {
 
 int main(int argc, char** argv) {
     if (argc != 4) {
-        std::fprintf(stderr, "usage: %s <mode> <pending-record-folder> <crash-log-directory>\n",
-                     argv[0]);
-        return 2;
+        return 2;  // see the usage above
     }
     // The tests crash on purpose; a core file per run would only fill the disk.
     const struct rlimit noCore = {0, 0};

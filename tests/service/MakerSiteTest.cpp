@@ -1,15 +1,14 @@
 #include <gtest/gtest.h>
 
-#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
-#include <QTemporaryDir>
 
 #include "platform/ApplicationInfo.h"
 #include "service/MakerSite.h"
 #include "support/RecordingSink.h"
 #include "support/ScopedEnvironment.h"
 #include "support/SessionHarness.h"
+#include "support/TestMedia.h"
 
 namespace {
 
@@ -17,26 +16,18 @@ const QString kNewVersion = MakerSite::kNotificationNewVersionAvailable;
 const QString kAdReady = MakerSite::kNotificationAdReady;
 
 // A fixture file whose "site" member is the one given.
-class SiteFixture {
-public:
-    explicit SiteFixture(const QJsonObject& site) {
-        QFile file(path());
-        file.open(QIODevice::WriteOnly);
-        file.write(QJsonDocument(QJsonObject{{"site", site}}).toJson());
-    }
-    QString path() const { return m_dir.filePath(QStringLiteral("site.json")); }
-
-private:
-    QTemporaryDir m_dir;
-};
+QString siteFixture(const QJsonObject& site) {
+    static int written = 0;
+    return TestMedia::textFile(QStringLiteral("site%1.json").arg(++written),
+                               QJsonDocument(QJsonObject{{"site", site}}).toJson());
+}
 
 // A job manager whose maker's site is an orvale-service serving the given site.
 class MakerSiteHarness {
 public:
     explicit MakerSiteHarness(const QJsonObject& site, const QStringList& faults = {})
-        : fixture(site),
-          harness(SessionHarnessOptions{QStringList{QStringLiteral("--fixture"), fixture.path()} +
-                                        faults}),
+        : harness(SessionHarnessOptions{
+              QStringList{QStringLiteral("--fixture"), siteFixture(site)} + faults}),
           makerSite("ORVALE_MAKER_SITE", harness.service.host().toUtf8()),
           log(NotificationCenter::defaultCenter(), {kNewVersion, kAdReady}) {}
 
@@ -45,7 +36,6 @@ public:
         return waitUntil([&] { return recorder.sink().contains(line); });
     }
 
-    SiteFixture fixture;
     SessionHarness harness;
     ScopedEnvironment makerSite;
     ScopedLogRecorder recorder;
