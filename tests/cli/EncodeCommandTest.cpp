@@ -20,13 +20,9 @@ QString encodeFolderWith(const QTemporaryDir& dir, const QStringList& names) {
     for (const QString& name : names) {
         const QString target = QDir(folder).filePath(name);
         QDir().mkpath(QFileInfo(target).absolutePath());
-        if (name.endsWith(".mov")) {
-            QFile::copy(TestMedia::video(320, 180, 1, true), target);
-        } else {
-            QFile file(target);
-            file.open(QIODevice::WriteOnly);
-            file.write("not a video");
-        }
+        QFile::copy(name.endsWith(".mov") ? TestMedia::video(320, 180, 1, true)
+                                          : TestMedia::textFile("not-a-video", "not a video"),
+                    target);
     }
     return folder;
 }
