@@ -58,12 +58,8 @@ QList<QJsonObject> ServiceProcess::requests() const {
 }
 
 QList<QJsonObject> ServiceProcess::requestsTo(const QString& endpoint) const {
-    QList<QJsonObject> matching;
-    for (const QJsonObject& request : requests()) {
-        if (request.value("endpoint").toString() == endpoint) {
-            matching.append(request);
-        }
-    }
+    QList<QJsonObject> matching = requests();
+    matching.removeIf([&](const QJsonObject& r) { return r.value("endpoint") != endpoint; });
     return matching;
 }
 

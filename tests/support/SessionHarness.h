@@ -30,14 +30,10 @@ public:
 private:
     static QStringList sessionNames() {
         using namespace NotificationNames;
-        return {kNotificationDidFinishLoggingIn,
-                kNotificationDidFailLoggingIn,
-                kNotificationDidFinishLoggingOut,
-                kNotificationDidFinishLoadingPermissions,
-                kNotificationDidFailLoadingPermissions,
-                kNotificationDidFinishLoadingProjectList,
-                kNotificationDidFailLoadingProjectList,
-                kNotificationDidFinishLoadngCreditsForCategory,
-                kNotificationDidFailLoadngCreditsForCategory};
+        return {
+            kNotificationDidFinishLoggingIn,        kNotificationDidFailLoggingIn,
+            kNotificationDidFinishLoggingOut,       kNotificationDidFinishLoadingPermissions,
+            kNotificationDidFailLoadingPermissions, kNotificationDidFinishLoadingProjectList,
+            kNotificationDidFailLoadingProjectList, kNotificationDidFailLoadngCreditsForCategory};
     }
 };
