@@ -38,8 +38,8 @@ TEST(ProbeCommand, AnswersEveryPathInArgumentOrder) {
     const QJsonObject doNotEncode = presets.last().toObject();
     EXPECT_EQ(doNotEncode.value("sizeDescription").toString(), "Do Not Encode");
     EXPECT_FALSE(doNotEncode.contains("minBitrate") || doNotEncode.contains("maxBitrate"));
-    const double size = QFileInfo(video).size();
-    EXPECT_EQ(doNotEncode.value("expectedSize").toObject().value("minBytes"), size);
+    EXPECT_EQ(doNotEncode.value("expectedSize").toObject().value("minBytes"),
+              static_cast<double>(QFileInfo(video).size()));
 
     const QJsonObject second = entries.at(1).toObject();
     EXPECT_EQ(second.value("path").toString(), missing);

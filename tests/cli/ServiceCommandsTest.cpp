@@ -14,11 +14,10 @@ protected:
         ASSERT_TRUE(service.isRunning()) << service.errorString().toStdString();
     }
 
-    CliRun catalogue(const QStringList& list, const QString& user = "bob",
-                     const QString& password = "builder") {
+    CliRun catalogue(const QStringList& list) {
         return CliRun::run(
-            QStringList{"catalogue", "--server", service.host(), "--user", user} + list,
-            withPassword(password), 30000);
+            QStringList{"catalogue", "--server", service.host(), "--user", "bob"} + list,
+            withPassword("builder"), 30000);
     }
 
     ServiceProcess service;
