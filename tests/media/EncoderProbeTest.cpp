@@ -38,6 +38,16 @@ FilePtr probe(Encoder& encoder, const QString& path) {
     return file;
 }
 
+FileList probeMany(ProbePool& pool, int count) {
+    FileList files;
+    for (int i = 0; i < count; ++i) {
+        files << std::make_shared<File>(
+            QUrl::fromLocalFile(QStringLiteral("/nowhere/clip%1.mov").arg(i)));
+        pool.probe(files.last());
+    }
+    return files;
+}
+
 }  // namespace
 
 TEST(EncoderProbe, ProbesRealClipsWithTheRealHelper) {
@@ -95,20 +105,6 @@ TEST(EncoderProbe, UsesTheOlderDurationOptionOnlyWhereTheHelperKnowsIt) {
                                                       "|-show_streams|" + clip + "|"});
     }
 }
-
-namespace {
-
-FileList probeMany(ProbePool& pool, int count) {
-    FileList files;
-    for (int i = 0; i < count; ++i) {
-        files << std::make_shared<File>(
-            QUrl::fromLocalFile(QStringLiteral("/nowhere/clip%1.mov").arg(i)));
-        pool.probe(files.last());
-    }
-    return files;
-}
-
-}  // namespace
 
 // Probes run on the pool's threads; their reports come on the main thread.
 TEST(ProbePool, RunsNoMoreThanItsThreadsAtOnceAndTheFirstProbesTogether) {

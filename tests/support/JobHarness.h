@@ -2,6 +2,7 @@
 
 #include <QSettings>
 #include <QTemporaryDir>
+#include <numeric>
 
 #include "jobs/DataManager.h"
 #include "jobs/NotificationNames.h"
@@ -32,11 +33,8 @@ public:
     }
     int ends(const QStringList& names = {NotificationNames::kNotificationDidFinishUploading,
                                          NotificationNames::kNotificationDidFailUploading}) const {
-        int count = 0;
-        for (const QString& name : names) {
-            count += log.count(name);
-        }
-        return count;
+        return std::accumulate(names.begin(), names.end(), 0,
+                               [&](int sum, const QString& name) { return sum + log.count(name); });
     }
 
     QTemporaryDir settingsDir;
