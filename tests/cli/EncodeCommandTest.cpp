@@ -20,13 +20,9 @@ QString encodeFolderWith(const QTemporaryDir& dir, const QStringList& names) {
     for (const QString& name : names) {
         const QString target = QDir(folder).filePath(name);
         QDir().mkpath(QFileInfo(target).absolutePath());
-        if (name.endsWith(".mov")) {
-            QFile::copy(TestMedia::video(320, 180, 1, true), target);
-        } else {
-            QFile file(target);
-            file.open(QIODevice::WriteOnly);
-            file.write("not a video");
-        }
+        QFile::copy(name.endsWith(".mov") ? TestMedia::video(320, 180, 1, true)
+                                          : TestMedia::textFile("not-a-video", "not a video"),
+                    target);
     }
     return folder;
 }
@@ -51,35 +47,30 @@ TEST(EncodeCommand, EncodesAFolderOnceAndRefusesWhatIsNotAVideo) {
     EXPECT_EQ(summary.value("completed").toInt(), 2);
     EXPECT_TRUE(summary.value("failed").toArray().isEmpty());
     EXPECT_EQ(summary.value("outputDirectory").toString(), out);
-    QStringList outputs;
-    for (const QJsonValue& value : summary.value("outputs").toArray()) {
-        outputs << value.toString();
-    }
-    EXPECT_EQ(outputs, (QStringList{QDir(out).filePath("a.mp4"), QDir(out).filePath("b.mp4")}));
+    EXPECT_EQ(summary.value("outputs").toArray(),
+              (QJsonArray{QDir(out).filePath("a.mp4"), QDir(out).filePath("b.mp4")}));
     EXPECT_EQ(QDir(out).entryList(QDir::Files), (QStringList{"a.mp4", "b.mp4"}));
 }
 
-TEST(EncodeCommand, APresetThatIsNotOfferedIsRefusedWithWhatIsOffered) {
+TEST(EncodeCommand, APresetNotOfferedOrAnOutputFolderThatCannotBeWrittenStopsTheJobAtOnce) {
     QTemporaryDir dir;
     const QString folder = encodeFolderWith(dir, {"small.mov"});
-    const CliRun result =
-        CliRun::run({"encode", "--preset", "1920x1080", "--out", dir.filePath("out"), folder});
-    EXPECT_EQ(result.exitCode, 1);
-    EXPECT_TRUE(result.err.contains("small.mov is not offered 1920x1080; it offers 320x180"))
-        << result.err.toStdString();
-    EXPECT_FALSE(QFileInfo::exists(dir.filePath("out/small.mp4")));
-}
-
-TEST(EncodeCommand, AnOutputFolderThatCannotBeWrittenStopsTheJobBeforeItStarts) {
-    QTemporaryDir dir;
-    const QString folder = encodeFolderWith(dir, {"a.mov"});
-    const QString out = QDir(folder).filePath("a.mov/out");  // below a file
-    const CliRun result = CliRun::run({"encode", "--out", out, folder});
-    EXPECT_EQ(result.exitCode, 1);
-    EXPECT_TRUE(result.err.contains("orvale-cli encode: Cannot write to the output folder " + out +
-                                    ": Not a directory"))
-        << result.err.toStdString();
-    EXPECT_TRUE(result.out.isEmpty());
+    const QString out = dir.filePath("out");
+    const QString belowAFile = QDir(folder).filePath("small.mov/out");
+    const QList<QPair<QStringList, QString>> cases = {
+        {{"--preset", "1920x1080", "--out", out},
+         "small.mov is not offered 1920x1080; it offers 320x180"},
+        {{"--out", belowAFile},
+         "orvale-cli encode: Cannot write to the output folder " + belowAFile +
+             ": Not a directory"},
+    };
+    for (const auto& [options, error] : cases) {
+        const CliRun result = CliRun::run(QStringList{"encode"} + options + QStringList{folder});
+        EXPECT_EQ(result.exitCode, 1);
+        EXPECT_TRUE(result.err.contains(error)) << result.err.toStdString();
+        EXPECT_TRUE(result.out.isEmpty());
+    }
+    EXPECT_FALSE(QFileInfo::exists(out));
 }
 
 namespace {

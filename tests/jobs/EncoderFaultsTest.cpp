@@ -14,15 +14,6 @@ using namespace NotificationNames;
 // Faults the real ffmpeg can't be made to show on demand, played by stand-in scripts.
 namespace {
 
-// Answers the encoder query like a build without libvo_aacenc, then runs the given body; the
-// output path is the last argument.
-QString fakeFfmpeg(const QString& body) {
-    return QStringLiteral(
-               "if [ \"$1\" = -encoders ]; then echo ' A....D aac   AAC'; exit 0; fi\n"
-               "for last in \"$@\"; do :; done\n%1")
-        .arg(body);
-}
-
 class EncoderFaults : public testing::Test, protected JobHarness {
 protected:
     EncoderFaults()
@@ -35,7 +26,7 @@ protected:
                  probedFile(TestMedia::video(320, 240, 1, true))};
     }
     void runWith(const QString& body) {
-        helper.install(QStringLiteral("ffmpeg"), fakeFfmpeg(body));
+        helper.installFfmpeg(body);
         helpers = std::make_unique<ScopedHelpersDir>(helper.folder());
         manager.startLocalEncodeForFiles(files, outputUrl());
     }
@@ -95,6 +86,7 @@ TEST_F(EncoderFaults, AHelperThatCrashesOrIsMissingFailsEachFileAndTheJobEndsNor
     FakeHelper empty;
     ScopedHelpersDir nowhere(empty.folder());
     ScopedEnvironment path("PATH", empty.folder().toUtf8());
+    EXPECT_FALSE(probedFile(files[0]->path())->isVideo);  // no probe: an empty answer
     manager.startLocalEncodeForFiles(files, outputUrl());
     ASSERT_TRUE(waitForTheEnd());
     EXPECT_EQ(log.count(kNotificationDidOccureProblemWhileEncoding), 2);

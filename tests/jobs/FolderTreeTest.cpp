@@ -81,5 +81,4 @@ TEST(FolderTree, TheParentIsTheFirstFolderWithItsId) {
     const FolderList folders = foldersOf({{"x", 5, -1}, {"first", 7, -1}, {"second", 7, -1}});
     EXPECT_EQ(DataManager::indexOfParentFolder(7, folders), 1);
     EXPECT_EQ(DataManager::indexOfParentFolder(6, folders), -1);
-    EXPECT_EQ(DataManager::indexOfParentFolder(7, {}), -1);
 }

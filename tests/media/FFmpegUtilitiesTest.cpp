@@ -50,7 +50,6 @@ TEST(FFmpegUtilities, ResolutionsBySizeOffersTheExpectedRows) {
     // clang-format off
     const Case cases[] = {
         {1920, 1080, true, kSixteenByNine + QStringList{"Do Not Encode"}},
-        {1280, 720, false, kSixteenByNine.mid(1)},
         {3840, 2160, true, kSixteenByNine + QStringList{"Do Not Encode"}},
         {1600, 900, false, "1600x900/1500k/2500k" + kSixteenByNine.mid(1)},
         {480, 270, true, {"480x270/1500k/2500k", "Do Not Encode"}},
@@ -58,7 +57,6 @@ TEST(FFmpegUtilities, ResolutionsBySizeOffersTheExpectedRows) {
         {1440, 1080, false, "1440x1080/1500k/2500k" + kFourByThree},
         {1080, 1920, false, kNineBySixteen},
         {960, 1280, false, kThreeByFour},
-        {768, 1024, false, kThreeByFour.mid(1)},
         {720, 576, false,
          {"720x576/1500k/2500k", "540x432/1500k/2500k", "360x288/1500k/2500k"}},
         // A near miss of a table ratio gets sizes of its own.

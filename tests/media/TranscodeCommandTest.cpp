@@ -6,33 +6,31 @@
 
 namespace {
 
-File& fileAt(const QString& path, bool preserveOriginal) {
-    static std::vector<FilePtr> keep;
-    keep.push_back(std::make_shared<File>(QUrl::fromLocalFile(path)));
-    File& file = *keep.back();
-    file.videoDetail = std::make_shared<VideoDetail>();
-    file.videoDetail->preserveOriginal = preserveOriginal;
-    file.videoDetail->widthToEncode = 1280;
-    file.videoDetail->minBitrate = QStringLiteral("2000k");
-    file.videoDetail->maxBitrate = QStringLiteral("3200k");
+FilePtr fileAt(const QString& path, bool preserveOriginal) {
+    auto file = std::make_shared<File>(QUrl::fromLocalFile(path));
+    file->videoDetail = std::make_shared<VideoDetail>();
+    file->videoDetail->preserveOriginal = preserveOriginal;
+    file->videoDetail->widthToEncode = 1280;
+    file->videoDetail->minBitrate = QStringLiteral("2000k");
+    file->videoDetail->maxBitrate = QStringLiteral("3200k");
     return file;
 }
 
 }  // namespace
 
 TEST(TranscodeCommand, OutputNamesDropOnlyTheLastExtension) {
-    EXPECT_EQ(TranscodeCommand::outputName(fileAt("/cards/clip01.mov", false)), "clip01.mp4");
-    EXPECT_EQ(TranscodeCommand::outputName(fileAt("/cards/clip01.mov", true)), "clip01_proxy.mp4");
-    EXPECT_EQ(TranscodeCommand::outputName(fileAt("/home/a/take.final.avi", false)),
+    EXPECT_EQ(TranscodeCommand::outputName(*fileAt("/cards/clip01.mov", false)), "clip01.mp4");
+    EXPECT_EQ(TranscodeCommand::outputName(*fileAt("/cards/clip01.mov", true)), "clip01_proxy.mp4");
+    EXPECT_EQ(TranscodeCommand::outputName(*fileAt("/home/a/take.final.avi", false)),
               "take.final.mp4");
-    EXPECT_EQ(TranscodeCommand::outputName(fileAt("/home/a/noextension", false)),
+    EXPECT_EQ(TranscodeCommand::outputName(*fileAt("/home/a/noextension", false)),
               "noextension.mp4");
 }
 
 TEST(TranscodeCommand, ArgumentsFollowTheChosenPreset) {
-    const File& file = fileAt("/cards/a clip.mov", false);
+    const FilePtr file = fileAt("/cards/a clip.mov", false);
     // clang-format off
-    EXPECT_EQ(TranscodeCommand::arguments(file, "/work/a clip.mp4", {"aac", false}),
+    EXPECT_EQ(TranscodeCommand::arguments(*file, "/work/a clip.mp4", {"aac", false}),
               (QStringList{"-i", "/cards/a clip.mov", "-q:v", "1", "-b:v", "2000k", "-minrate",
                            "2000k", "-maxrate", "3200k", "-bufsize", "2000k", "-vcodec", "libx264",
                            "-pix_fmt", "yuv410p", "-vf",
@@ -40,7 +38,7 @@ TEST(TranscodeCommand, ArgumentsFollowTheChosenPreset) {
                            "-movflags", "faststart", "-c:a", "aac", "-b:a", "128k", "-y",
                            "/work/a clip.mp4"}));
     // clang-format on
-    EXPECT_EQ(TranscodeCommand::arguments(file, "/w/a.mp4", {"aac", true}).mid(20, 6),
+    EXPECT_EQ(TranscodeCommand::arguments(*file, "/w/a.mp4", {"aac", true}).mid(20, 6),
               (QStringList{"-c:a", "aac", "-strict", "experimental", "-b:a", "128k"}));
 }
 

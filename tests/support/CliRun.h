@@ -52,11 +52,11 @@ struct CliDataHome {
         }
         return environment;
     }
-    QString workFolder() const { return dir.filePath("data/Containers/com.brightfold.Orvale"); }
     // Every encode in the work folder, whichever run made it.
     QStringList encodes() const {
         QStringList found;
-        QDirIterator files(workFolder(), {"*.mp4"}, QDir::Files, QDirIterator::Subdirectories);
+        QDirIterator files(dir.filePath("data/Containers/com.brightfold.Orvale"), {"*.mp4"},
+                           QDir::Files, QDirIterator::Subdirectories);
         while (files.hasNext()) {
             found << files.next();
         }

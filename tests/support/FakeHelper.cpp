@@ -14,13 +14,18 @@ QString FakeHelper::install(const QString& name, const QString& scriptBody) {
     return path;
 }
 
-QString FakeHelper::installFullDiskFfmpeg() {
+QString FakeHelper::installFfmpeg(const QString& body) {
     return install("ffmpeg",
-                   QStringLiteral("[ \"$1\" = -encoders ] && { echo ' A....D aac  AAC'; exit 0; }\n"
-                                  "for last in \"$@\"; do :; done; echo partial > \"$last\"\n"
-                                  "echo $$ > '%1'; echo 'frame=1 time=00:00:00.20'\n"
-                                  "echo 'No space left on device'; exec sleep 5")
-                       .arg(recordPath()));
+                   "[ \"$1\" = -encoders ] && { echo ' A....D aac  AAC'; exit 0; }\n"
+                   "for last in \"$@\"; do :; done\n" +
+                       body);
+}
+
+QString FakeHelper::installFullDiskFfmpeg() {
+    return installFfmpeg(QStringLiteral("echo partial > \"$last\"\n"
+                                        "echo $$ > '%1'; echo 'frame=1 time=00:00:00.20'\n"
+                                        "echo 'No space left on device'; exec sleep 5")
+                             .arg(recordPath()));
 }
 
 QString FakeHelper::recordPath() const { return dir_.filePath(QStringLiteral("record.txt")); }

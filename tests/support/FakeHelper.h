@@ -11,6 +11,9 @@ class FakeHelper {
 public:
     QString folder() const { return dir_.path(); }
     QString install(const QString& name, const QString& scriptBody);
+    // An ffmpeg that names only the built-in AAC encoder when asked, and otherwise runs the body
+    // with its output path (the last argument) in $last.
+    QString installFfmpeg(const QString& body);
     // An ffmpeg that writes a little of its output, finds the disk full, and waits to be stopped;
     // it records its process id.
     QString installFullDiskFfmpeg();

@@ -8,7 +8,7 @@ public:
     int create(const QString& name, quint32& handle) override {
         lastName = name;
         ++created;
-        handle = ++nextHandle;
+        handle = static_cast<quint32>(created);
         ++held;
         return 0;
     }
@@ -21,5 +21,4 @@ public:
     int created = 0;
     int released = 0;
     int held = 0;
-    quint32 nextHandle = 0;
 };

@@ -3,6 +3,7 @@
 #include <QList>
 #include <QString>
 #include <QVariant>
+#include <algorithm>
 
 #include "service/ServerDelegate.h"
 #include "support/EventLoop.h"
@@ -24,9 +25,10 @@ public:
 
     // The first report of the method, waiting for it if need be; an empty one on time-out.
     Report waitFor(const QString& method, int timeoutMs = 10000) {
-        waitUntil([&] { return find(method) != nullptr; }, timeoutMs);
-        const Report* report = find(method);
-        return report != nullptr ? *report : Report{};
+        const auto isOf = [&](const Report& report) { return report.method == method; };
+        waitUntil([&] { return std::any_of(reports.begin(), reports.end(), isOf); }, timeoutMs);
+        const auto found = std::find_if(reports.begin(), reports.end(), isOf);
+        return found != reports.end() ? *found : Report{};
     }
 
     void didFinishLoggingInWithResult(const ServerResult<QJsonObject>& r, bool s) override {
@@ -58,14 +60,5 @@ private:
         const QVariant object =
             std::visit([](const auto& v) { return QVariant::fromValue(v); }, result);
         reports.append({method, success, object});
-    }
-
-    const Report* find(const QString& method) const {
-        for (const Report& report : reports) {
-            if (report.method == method) {
-                return &report;
-            }
-        }
-        return nullptr;
     }
 };

@@ -1,13 +1,8 @@
 #pragma once
 
 #include <QJsonArray>
-#include <QTemporaryDir>
 
-#include "jobs/DataManager.h"
-#include "jobs/NotificationNames.h"
-#include "support/EventLoop.h"
-#include "support/FakePowerAssertion.h"
-#include "support/NotificationLog.h"
+#include "support/JobHarness.h"
 #include "support/ServiceProcess.h"
 
 struct SessionHarnessOptions {
@@ -15,70 +10,30 @@ struct SessionHarnessOptions {
     bool shouldUseV2 = false;
 };
 
-// A job manager of its own, with a settings store in a temporary folder, talking to a running
-// orvale-service; records every session notification it posts.
-class SessionHarness {
+// A job manager of its own talking to a running orvale-service; records the session
+// notifications it posts.
+class SessionHarness : public JobHarness {
 public:
     explicit SessionHarness(const SessionHarnessOptions& options = {})
-        : service(options.serviceArguments),
-          defaults(settingsFileWith(settingsDir, options.shouldUseV2)),
-          manager(center, power, defaults),
-          log(center, allNames()) {}
-
-    QString settingsFile() const { return settingsDir.filePath("Orvale.ini"); }
-
-    // The first notification of that name, waiting for it if need be; an empty one on time-out.
-    Notification waitFor(const QString& name, int timeoutMs = 10000) {
-        waitUntil([&] { return log.count(name) > 0; }, timeoutMs);
-        for (const Notification& notification : log.received) {
-            if (notification.name == name) {
-                return notification;
-            }
-        }
-        return {};
-    }
+        : JobHarness(sessionNames(), options.shouldUseV2), service(options.serviceArguments) {}
 
     bool logIn(const QString& user, const QString& password, bool remember = false) {
+        using namespace NotificationNames;
         manager.loginWithOrvaleUrl(service.host(), user, password, remember);
-        waitUntil([&] {
-            return log.count(NotificationNames::kNotificationDidFinishLoggingIn) +
-                       log.count(NotificationNames::kNotificationDidFailLoggingIn) >
-                   0;
-        });
-        return log.count(NotificationNames::kNotificationDidFinishLoggingIn) > 0;
+        waitForAny({kNotificationDidFinishLoggingIn, kNotificationDidFailLoggingIn}, 10000);
+        return log.count(kNotificationDidFinishLoggingIn) > 0;
     }
 
     ServiceProcess service;
-    QTemporaryDir settingsDir;
-    UserDefaultsManager defaults;
-    NotificationCenter center;
-    FakePowerAssertion power;
-    DataManager manager;
-    NotificationLog log;
+    UserDefaultsManager& defaults = settings;
 
 private:
-    static QString settingsFileWith(const QTemporaryDir& dir, bool shouldUseV2) {
-        const QString path = dir.filePath("Orvale.ini");
-        if (shouldUseV2) {
-            QSettings(path, QSettings::IniFormat).setValue("shouldUseV2", true);
-        }
-        return path;
-    }
-
-    static QStringList allNames() {
+    static QStringList sessionNames() {
         using namespace NotificationNames;
-        return {kNotificationDidFinishLoggingIn,
-                kNotificationDidFailLoggingIn,
-                kNotificationDidFinishLoggingOut,
-                kNotificationDidFinishLoadingPermissions,
-                kNotificationDidFailLoadingPermissions,
-                kNotificationDidFinishLoadingMediaLibraryCategories,
-                kNotificationDidFailLoadingMediaLibraryCategories,
-                kNotificationDidFinishLoadingProjectList,
-                kNotificationDidFailLoadingProjectList,
-                kNotificationDidFinishLoadngCreditsForCategory,
-                kNotificationDidFailLoadngCreditsForCategory,
-                kNotificationDidFinishLoadingFoldersForProject,
-                kNotificationDidFailLoadingFoldersForProject};
+        return {
+            kNotificationDidFinishLoggingIn,        kNotificationDidFailLoggingIn,
+            kNotificationDidFinishLoggingOut,       kNotificationDidFinishLoadingPermissions,
+            kNotificationDidFailLoadingPermissions, kNotificationDidFinishLoadingProjectList,
+            kNotificationDidFailLoadingProjectList, kNotificationDidFailLoadngCreditsForCategory};
     }
 };

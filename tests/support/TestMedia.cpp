@@ -36,10 +36,7 @@ QString TestMedia::generate(const QString& name, const QStringList& ffmpegArgume
     }
     // Test processes may run side by side: write under a private name, then rename into place.
     const QString partial =
-        QDir(cacheFolder())
-            .filePath(QStringLiteral(".%1-%2.%3")
-                          .arg(QUuid::createUuid().toString(QUuid::Id128),
-                               QFileInfo(name).completeBaseName(), QFileInfo(name).suffix()));
+        QDir(cacheFolder()).filePath('.' + QUuid::createUuid().toString(QUuid::Id128) + name);
     QProcess ffmpeg;
     ffmpeg.setProcessChannelMode(QProcess::MergedChannels);
     ffmpeg.start("ffmpeg", QStringList{"-hide_banner", "-nostdin", "-loglevel", "error"} +
