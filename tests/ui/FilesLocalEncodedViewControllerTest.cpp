@@ -45,48 +45,43 @@ protected:
     FilesLocalEncodedViewController* showResults() {
         auto* root = BaseViewController::create<RecordingScreen>(&harness, &manager);
         harness.window()->navigationViewController()->setViewController(root);
-        progress = BaseViewController::create<UploadProgressViewController>(&harness, &manager);
+        auto* progress =
+            BaseViewController::create<UploadProgressViewController>(&harness, &manager);
         root->pushViewController(progress, false);
         auto* results =
             BaseViewController::create<FilesLocalEncodedViewController>(&harness, &manager);
         progress->pushViewController(results, false);
         return results;
     }
-    BaseViewController* current() const { return harness.navigationView().currentViewController(); }
 
     QTemporaryDir dir;
     FakePowerAssertion power;
     NotificationCenter& center = NotificationCenter::defaultCenter();
     DataManager manager{center, power};
-    NotificationLog log{center, {kNotificationDidFinishUploading, kNotificationIsLocalEncode}};
+    NotificationLog log{center, {kNotificationDidFinishUploading}};
     ScreenHarness harness;
-    UploadProgressViewController* progress = nullptr;
 };
 
 }  // namespace
 
 // Where each part of the stack goes is the results layout's test; here the screen follows it.
 TEST_F(ResultsScreen, ShowsTheCountAndTheFailedFilesInAStackCentredAndGoesHomeOnce) {
-    struct Case {
-        int failed;
-        int scrollHeight;
-        int stackHeight;
-    };
-    for (const Case& c : {Case{0, 0, 270}, Case{7, 130, 463}}) {
-        runJobWithFailures(c.failed);
+    for (const int failed : {0, 7}) {
+        SCOPED_TRACE(failed);
+        runJobWithFailures(failed);
         FilesLocalEncodedViewController* results = showResults();
         EXPECT_EQ(results->uploadCountLabel()->text(), "0 file(s) completed");
-        EXPECT_EQ(results->scrollView()->isVisibleTo(results), c.failed > 0) << c.failed;
-        EXPECT_EQ(results->tryAgainButton()->isVisibleTo(results), c.failed > 0) << c.failed;
+        EXPECT_EQ(results->scrollView()->isVisibleTo(results), failed > 0);
+        EXPECT_EQ(results->tryAgainButton()->isVisibleTo(results), failed > 0);
         const QRectF stack = ViewGeometry::frame(results->componentsView());
-        EXPECT_EQ(stack.height(), c.stackHeight) << c.failed;
-        EXPECT_NEAR(stack.y(), (562 - c.stackHeight) / 2.0, 0.5) << c.failed;
-        if (c.failed > 0) {
-            EXPECT_EQ(results->scrollView()->height(), c.scrollHeight) << c.failed;
-            ASSERT_EQ(results->logRows().size(), c.failed);
+        EXPECT_NEAR(stack.y(), (562 - stack.height()) / 2.0, 0.5);
+        if (failed > 0) {
+            EXPECT_EQ(stack.height(), 463);
+            EXPECT_EQ(results->scrollView()->height(), 130);  // four rows in sight
+            ASSERT_EQ(results->logRows().size(), failed);
             // Rows 26 apart from the list's bottom, in the order of the failed files.
             EXPECT_EQ(ViewGeometry::frame(results->logRows().last()),
-                      QRectF(0, 26 * (c.failed - 1), results->logView()->width(), 20));
+                      QRectF(0, 26 * (failed - 1), results->logView()->width(), 20));
             EXPECT_EQ(results->logRows().first()->text(), "gone-0.mov");
         }
         QTest::mouseClick(results->homeButton(), Qt::LeftButton);
@@ -95,19 +90,4 @@ TEST_F(ResultsScreen, ShowsTheCountAndTheFailedFilesInAStackCentredAndGoesHomeOn
         ASSERT_TRUE(harness.waitForSlides());  // the popped screens are gone after their slide
         EXPECT_EQ(harness.navigationView().viewStack().size(), 1);
     }
-}
-
-TEST_F(ResultsScreen, TryAgainEncodesTheFailedFilesOnceAndTheProgressScreenFollows) {
-    runJobWithFailures(2);
-    FilesLocalEncodedViewController* results = showResults();
-    const int startsBefore = log.count(kNotificationIsLocalEncode);
-    QTest::mouseClick(results->tryAgainButton(), Qt::LeftButton);
-    QTest::mouseClick(results->tryAgainButton(), Qt::LeftButton);
-    EXPECT_EQ(log.count(kNotificationIsLocalEncode), startsBefore + 1);
-    EXPECT_EQ(current(), progress);
-    EXPECT_EQ(manager.files().size(), 2);  // only the failed ones, the text file not again
-    // The retried job fails again and ends in a new results screen.
-    ASSERT_TRUE(
-        QTest::qWaitFor([&] { return current() != progress && current() != nullptr; }, 30000));
-    EXPECT_NE(qobject_cast<FilesLocalEncodedViewController*>(current()), nullptr);
 }

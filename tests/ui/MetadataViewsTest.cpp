@@ -68,8 +68,6 @@ TEST_F(Tags, ALongTagWrapsOntoANewRowThatGoesOnceTheFirstRowHasRoom) {
     type(QStringLiteral("short"));
     type(QString(120, QLatin1Char('w')));
     TagButton* long_ = tags->tagButtons().at(1);
-    EXPECT_DOUBLE_EQ(long_->labelFrame().width(), 265);
-    EXPECT_DOUBLE_EQ(chip(1).width(), 305);
     EXPECT_TRUE(long_->shownTitle().endsWith(QChar(0x2026)));
     EXPECT_EQ(chip(1).topLeft(), QPointF(0, 0));
     EXPECT_EQ(chip(0).y(), 36);

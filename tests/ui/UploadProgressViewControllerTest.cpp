@@ -108,20 +108,7 @@ TEST_F(ProgressScreen, AlertsOfAFailedUploadOrAFullDiskAloneLeadToTheResults) {
     }
 }
 
-TEST_F(ProgressScreen, ALocalEncodeShowsOnlyTheEncodeIndicators) {
-    post(kNotificationIsLocalEncode);
-    EXPECT_EQ(screen->uploadingImage()->imageName(), "illustration_desktop_big.png");
-    EXPECT_EQ(screen->uploadingText()->text(), "Encoding your files");
-    for (QWidget* upload : std::initializer_list<QWidget*>{
-             screen->uploadedSquare(), screen->uploadedTextField(), screen->uploadedLabel(),
-             screen->uploadedBytesTextField()}) {
-        EXPECT_FALSE(upload->isVisible()) << upload->objectName().toStdString();
-    }
-    post(kNotificationIsMediaLibraryUpload);
-    EXPECT_EQ(screen->uploadingImage()->imageName(), "illustration_media_library2_big.png");
-}
-
-TEST_F(ProgressScreen, EscapeAsksAndStopInTheSecondOfThreeFilesShowsOneDoneAndTwoFailed) {
+TEST_F(ProgressScreen, ALocalEncodeStoppedByEscapeInTheSecondOfThreeFilesKeepsOneDone) {
     const FileList files = {
         probedFile(TestMedia::copyNamed(TestMedia::video(320, 180, 1, true), "ui-stop-a.mov")),
         probedFile(TestMedia::copyNamed(TestMedia::video(640, 360, 20, true), "ui-stop-b.mov")),
@@ -132,6 +119,10 @@ TEST_F(ProgressScreen, EscapeAsksAndStopInTheSecondOfThreeFilesShowsOneDoneAndTw
     ASSERT_TRUE(QTest::qWaitFor(
         [&] { return screen->fileTextField()->text() == "ui-stop-b.mov \u00b7 file 2 of 3"; },
         30000));
+    // A local encode shows only the encode indicators.
+    EXPECT_EQ(screen->uploadingImage()->imageName(), "illustration_desktop_big.png");
+    EXPECT_FALSE(screen->uploadedTextField()->isVisible());
+    EXPECT_FALSE(screen->uploadedBytesTextField()->isVisible());
 
     harness.window()->activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(harness.window()));
