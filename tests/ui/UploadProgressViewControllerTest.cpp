@@ -11,9 +11,11 @@
 #include "support/JobFiles.h"
 #include "support/RecordingScreen.h"
 #include "support/ScreenHarness.h"
+#include "ui/controls/ButtonWithIcon.h"
 #include "ui/controls/ImageView.h"
 #include "ui/controls/RoundedButton.h"
 #include "ui/controls/RoundedView.h"
+#include "ui/controls/ViewGeometry.h"
 #include "ui/screens/FilesLocalEncodedViewController.h"
 #include "ui/screens/UploadProgressViewController.h"
 
@@ -137,5 +139,17 @@ TEST_F(ProgressScreen, ALocalEncodeStoppedByEscapeInTheSecondOfThreeFilesKeepsOn
     auto* results = qobject_cast<FilesLocalEncodedViewController*>(
         harness.navigationView().currentViewController());
     EXPECT_EQ(results->uploadCountLabel()->text().section(' ', 0, 0), "1");
-    EXPECT_EQ(results->logRows().size(), 2);
+    // The failed files in their order, in a list centred with the rest of the stack.
+    ASSERT_EQ(results->logRows().size(), 2);
+    EXPECT_EQ(results->logRows().first()->text(), "ui-stop-b.mov");
+    EXPECT_TRUE(results->tryAgainButton()->isVisibleTo(results));
+    const QRectF stack = ViewGeometry::frame(results->componentsView());
+    EXPECT_NEAR(stack.y(), (562 - stack.height()) / 2.0, 0.5);
+
+    // Home once, however quick the second click; the popped screens go after their slide.
+    QTest::mouseClick(results->homeButton(), Qt::LeftButton);
+    QTest::mouseClick(results->homeButton(), Qt::LeftButton);
+    EXPECT_FALSE(results->homeButton()->isActionEnabled());
+    ASSERT_TRUE(harness.waitForSlides());
+    EXPECT_EQ(harness.navigationView().viewStack().size(), 1);
 }

@@ -9,6 +9,7 @@
 #include <QMenu>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -300,4 +301,11 @@ TEST_F(UploadScreens, AMediaLibraryUploadSendsOnlyTheCreditsThatWereFilledIn) {
     EXPECT_EQ(
         fields(service->uploads()[0]),
         (QStringList{"auth_token", "credits_3=Jane Doe", "media_type_id=1", "output_format=json"}));
+
+    // Nothing failed: the results have no list and no Try Again.
+    ASSERT_TRUE(waitUntil([&] { return current<FilesLocalEncodedViewController>() != nullptr; }));
+    auto* results = current<FilesLocalEncodedViewController>();
+    EXPECT_EQ(results->uploadCountLabel()->text(), "1 file(s) completed");
+    EXPECT_FALSE(results->scrollView()->isVisibleTo(results));
+    EXPECT_FALSE(results->tryAgainButton()->isVisibleTo(results));
 }
