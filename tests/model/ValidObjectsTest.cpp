@@ -57,16 +57,15 @@ TEST(ValidObjects, NumberReadersAgreeOnNumbersNumericTextsAndTheRest) {
     }
 }
 
-TEST(ValidObjects, StringsMustBeNonEmptyStrings) {
+// Strings must be non-empty strings, containers of their kind, valid objects present and not
+// null.
+TEST(ValidObjects, TheOtherReadersTakeOnlyValuesOfTheirKind) {
     const QJsonObject object = sample();
     EXPECT_EQ(ValidObjects::stringForKey(object, QStringLiteral("text")), QStringLiteral("abc"));
     for (const char* key : {"empty", "real", "null", "missing", "array"}) {
         EXPECT_TRUE(ValidObjects::stringForKey(object, QString::fromUtf8(key)).isNull()) << key;
     }
-}
 
-TEST(ValidObjects, ContainersMustBeOfTheirKind) {
-    const QJsonObject object = sample();
     EXPECT_EQ(ValidObjects::dictionaryForKey(object, QStringLiteral("object")),
               object.value(QStringLiteral("object")).toObject());
     EXPECT_EQ(ValidObjects::arrayForKey(object, QStringLiteral("array")),
@@ -77,10 +76,7 @@ TEST(ValidObjects, ContainersMustBeOfTheirKind) {
     for (const char* key : {"object", "null", "missing", "text"}) {
         EXPECT_FALSE(ValidObjects::arrayForKey(object, QString::fromUtf8(key))) << key;
     }
-}
 
-TEST(ValidObjects, AValidObjectIsAnyPresentNonNullValue) {
-    const QJsonObject object = sample();
     for (const char* key : {"zero", "empty", "no", "object"}) {
         EXPECT_TRUE(ValidObjects::hasValidObjectForKey(object, QString::fromUtf8(key))) << key;
     }
