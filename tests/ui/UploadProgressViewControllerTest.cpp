@@ -38,9 +38,6 @@ protected:
         return qobject_cast<FilesLocalEncodedViewController*>(
                    harness.navigationView().currentViewController()) != nullptr;
     }
-    static FilePtr fileNamed(const QString& name) {
-        return std::make_shared<File>(QUrl::fromLocalFile("/nowhere/" + name));
-    }
 
     FakePowerAssertion power;
     DataManager manager{NotificationCenter::defaultCenter(), power};
@@ -87,7 +84,8 @@ TEST_F(ProgressScreen, AlertsOfAFailedUploadOrAFullDiskAloneLeadToTheResults) {
     auto error = std::make_shared<ErrorResponse>();
     error->message = QStringLiteral("Cannot connect to the Orvale server.");
     const std::tuple<QString, QVariant, QString, bool> cases[] = {
-        {kNotificationDidOccureProblemWhileEncoding, QVariant::fromValue(fileNamed("b.mov")),
+        {kNotificationDidOccureProblemWhileEncoding,
+         QVariant::fromValue(std::make_shared<File>(QUrl::fromLocalFile("/nowhere/b.mov"))),
          "Ooops! Something went wrong while encoding video: b.mov. Video will be skipped.", false},
         {kNotificationDidFailUploading, QVariant::fromValue(ErrorResponsePtr(error)),
          error->message, true},
