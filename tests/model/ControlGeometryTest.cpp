@@ -12,7 +12,6 @@ TEST(LowerLeftGeometry, FlipsRectanglesWithinTheirParent) {
     };
     const Case cases[] = {
         {{91, 4, 100, 26}, 38, {91, 8, 100, 26}},       // the back button in the title strip
-        {{0, 0, 914, 562}, 562, {0, 0, 914, 562}},      // a view filling its parent
         {{410, 275, 30, 30}, 562, {410, 257, 30, 30}},  // a view high up
         {{0, 0, 10, 10}, 0, {0, -10, 10, 10}},          // no parent yet
         {{0.5, 1.5, 10, 2.25}, 20, {1, 16, 10, 3}},     // fractions: edges rounded one by one
@@ -23,12 +22,16 @@ TEST(LowerLeftGeometry, FlipsRectanglesWithinTheirParent) {
     EXPECT_EQ(LowerLeftGeometry::fromQt({410, 257, 30, 30}, 562), QRectF(410, 275, 30, 30));
 }
 
-TEST(TitleBarLayout, CentresTheLogoRoundingHalvesAwayFromZero) {
+TEST(TitleBarLayout, CentresTheLogoRoundingHalvesAwayFromZeroAndKeepsTheUserButtonInside) {
     EXPECT_EQ(TitleBarLayout::logoOrigin({400, 38}), QPointF(152, 10));  // y 9.5 goes up
     EXPECT_EQ(TitleBarLayout::logoOrigin({401, 38}), QPointF(153, 10));  // x 152.5 goes up
     EXPECT_EQ(TitleBarLayout::logoOrigin({914, 38}), QPointF(409, 10));
     EXPECT_EQ(TitleBarLayout::logoOrigin({50, 38}), QPointF(-23, 10));  // -23 exactly
     EXPECT_EQ(TitleBarLayout::logoOrigin({91, 10}), QPointF(-3, -5));   // -2.5, -4.5 go down
+
+    // The user button ends at the strip's right margin and never leaves the strip.
+    EXPECT_EQ(TitleBarLayout::userButtonFrame({914, 38}, 100), QRectF(802, 4, 100, 26));
+    EXPECT_EQ(TitleBarLayout::userButtonFrame({80, 38}, 100), QRectF(0, 4, 100, 26));
 }
 
 TEST(ControlLayout, PlacesTitlesByTheirRules) {

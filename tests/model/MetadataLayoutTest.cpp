@@ -9,10 +9,9 @@ TEST(TagLayout, SizesAChipToItsTextUpToTheLongLabel) {
         qreal chipWidth;
     };
     const Case cases[] = {
-        {40, 45, 85},     // text + 5, then + 10 + 12 + 12 + 6
-        {260, 265, 305},  // the longest text that still fits whole
-        {260.5, 265, 305},
-        {900, 265, 305},  // long tags stop growing
+        {40, 45, 85},       // text + 5, then + 10 + 12 + 12 + 6
+        {260, 265, 305},    // the longest text that still fits whole
+        {260.5, 265, 305},  // longer tags stop growing
     };
     for (const Case& c : cases) {
         EXPECT_DOUBLE_EQ(TagLayout::labelWidth(c.textWidth), c.labelWidth) << c.textWidth;

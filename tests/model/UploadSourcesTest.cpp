@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include "model/SourceButtonStates.h"
-#include "model/TitleBarLayout.h"
 
 // Signing out and in with each set of rights is the upload screens' test; these are the states
 // the service has to be slow or failing for.
@@ -27,9 +26,4 @@ TEST(SourceButtonStates, EachSourceOpensOnlyForASignedInUserWithItsRight) {
         EXPECT_EQ(library.toolTip, mediaLibTip);
         EXPECT_EQ(library.enabled, mediaLibTip.startsWith("Upload to"));
     }
-}
-
-TEST(TitleBarLayout, TheUserButtonEndsAtTheStripsRightMarginAndNeverLeavesIt) {
-    EXPECT_EQ(TitleBarLayout::userButtonFrame({914, 38}, 100), QRectF(802, 4, 100, 26));
-    EXPECT_EQ(TitleBarLayout::userButtonFrame({80, 38}, 100), QRectF(0, 4, 100, 26));
 }

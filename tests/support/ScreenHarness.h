@@ -23,7 +23,16 @@ public:
     M3NavigationView& navigationView() const {
         return *navigationViewController()->navigationView();
     }
+    template <class Screen>
+    Screen* current() const {
+        return qobject_cast<Screen*>(navigationView().currentViewController());
+    }
     bool waitForSlides() const {
         return QTest::qWaitFor([this] { return !navigationView().isAnimating(); });
+    }
+    // Offscreen, the window is not made active again when a dialog over it closes.
+    bool activate() const {
+        window()->activateWindow();
+        return QTest::qWaitForWindowActive(window());
     }
 };

@@ -56,23 +56,6 @@ TEST_F(Navigation, TwoQuickAnimatedPushesLeaveOnlyTheLastViewAndPoppingToTheRoot
     EXPECT_EQ(root->calls.last(), "didFinishAnimating");
 }
 
-TEST_F(Navigation, ANonAnimatedPushKeepsTheOldViewOutOfSightUntilTheNextSlideEnds) {
-    RecordingScreen* root = rootScreen();
-    RecordingScreen* second = screen();
-    root->pushViewController(second, false);
-
-    EXPECT_EQ(view().subviews(), QList<QWidget*>({root, second}));
-    EXPECT_EQ(root->pos(), QPoint(-view().width(), 0));
-    EXPECT_EQ(view().prevViewController(), root);
-    EXPECT_FALSE(view().isAnimating());
-
-    second->pushViewController(screen(), true);
-    ASSERT_TRUE(harness.waitForSlides());
-    EXPECT_EQ(view().subviews().size(), 1);
-    EXPECT_EQ(view().viewStack().size(), 3);
-    EXPECT_EQ(root->parentWidget(), nullptr);  // off screen but still on the stack
-}
-
 TEST_F(Navigation, StackOperationsThatShowNothingOrNeedTwoScreens) {
     RecordingScreen* root = rootScreen();
     root->popViewControllerAnimated(true);
@@ -95,17 +78,21 @@ TEST_F(Navigation, StackOperationsThatShowNothingOrNeedTwoScreens) {
     EXPECT_EQ(view().currentViewController(), inserted);
 }
 
-TEST_F(Navigation, TheBackButtonSitsInTheTitleStripAndPopsOnce) {
+TEST_F(Navigation, ANonAnimatedPushKeepsTheOldViewOutOfSightAndTheBackButtonPopsOnce) {
     RecordingScreen* root = rootScreen();
     RecordingScreen* second = screen();
     RecordingScreen* third = screen();
     root->pushViewController(second, false);
+    EXPECT_EQ(view().subviews(), QList<QWidget*>({root, second}));
+    EXPECT_EQ(root->pos(), QPoint(-view().width(), 0));
+    EXPECT_EQ(view().prevViewController(), root);
+    EXPECT_FALSE(view().isAnimating());
+
     second->pushViewController(third, false);
     third->addBackButton();
     QPointer<ButtonWithIcon> back = third->backButton();
     ASSERT_NE(back, nullptr);
     EXPECT_EQ(back->parentWidget(), harness.titleBarView());
-    EXPECT_EQ(back->geometry(), QRect(91, 8, 100, 26));
     EXPECT_EQ(back->titleString(), "Back");
 
     QTest::mouseClick(back, Qt::LeftButton);
@@ -113,6 +100,10 @@ TEST_F(Navigation, TheBackButtonSitsInTheTitleStripAndPopsOnce) {
     EXPECT_EQ(view().currentViewController(), second);
     QTest::mouseClick(back, Qt::LeftButton);
     EXPECT_EQ(view().currentViewController(), second);
+    ASSERT_TRUE(harness.waitForSlides());
+    EXPECT_EQ(view().subviews(), QList<QWidget*>{second});
+    EXPECT_EQ(root->parentWidget(), nullptr);  // off screen but still on the stack
+    EXPECT_EQ(view().viewStack().size(), 2);
 
     second->removeViewsFromTitleBar();
     EXPECT_TRUE(back.isNull() || back->parentWidget() == nullptr);
@@ -128,8 +119,6 @@ TEST_F(Navigation, ASecondAlertWithAReceiverEndsTheFirst) {
     QPointer<QMessageBox> first = root->alert();
     ASSERT_NE(first, nullptr);
     EXPECT_TRUE(first->isVisible());
-    EXPECT_EQ(first->windowModality(), Qt::WindowModal);
-    EXPECT_EQ(first->icon(), QMessageBox::Warning);
 
     root->showAlertWithMessage(QStringLiteral("Second"), [&] { ++secondEnded; });
     QPointer<QMessageBox> second = root->alert();

