@@ -61,15 +61,31 @@ TEST_F(CrashReportLauncherTest, CrashOfARealChildIsSummedUpAtTheNextStart) {
     EXPECT_TRUE(m_crashReporter.options().includeHostName);
 }
 
+// A record that cannot be parsed is still pending, so that it can be purged.
 TEST_F(CrashReportLauncherTest, UnparsableRecordIsPurgedWithoutASummary) {
     leaveRecord("half a rec");
     leaveNewCrashLog();
+    EXPECT_EQ(m_crashReporter.loadPendingCrashReportData(), "half a rec");
 
     auto launcher = launch();
     ASSERT_TRUE(waitUntil([this] { return m_service.requestsTo("crash_log").size() == 1; }));
     ASSERT_TRUE(waitUntil([this] { return !m_crashReporter.hasPendingCrashReport(); }));
     settle();
     EXPECT_TRUE(m_service.requestsTo("report_add").isEmpty());
+    // With nothing pending, loading says why and purging has nothing to do.
+    QString error;
+    EXPECT_FALSE(m_crashReporter.loadPendingCrashReportData(&error));
+    EXPECT_FALSE(error.isEmpty());
+    EXPECT_TRUE(m_crashReporter.purgePendingCrashReport());
+}
+
+TEST_F(CrashReportLauncherTest, EnablingFailsWhenAFolderCannotBeMade) {
+    QFile blocker(reporterOptions().pendingRecordFolder);
+    ASSERT_TRUE(blocker.open(QIODevice::WriteOnly));
+    blocker.close();
+    QString error;
+    EXPECT_FALSE(m_crashReporter.enableCrashReporter(&error));
+    EXPECT_TRUE(error.contains(reporterOptions().pendingRecordFolder)) << error.toStdString();
 }
 
 TEST_F(CrashReportLauncherTest, RecordWaitsForAStartThatSentACrashLog) {

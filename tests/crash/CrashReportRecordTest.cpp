@@ -22,7 +22,7 @@ CrashReportRecord uncaughtException() {
 }  // namespace
 
 // The layout is what an earlier build's crash handler left on disk; it must keep reading.
-TEST(CrashReportRecord, WritesTheLayoutTheHandlerWrites) {
+TEST(CrashReportRecord, WritesTheLayoutTheHandlerWritesAndReadsItBack) {
     EXPECT_EQ(uncaughtException().toData(),
               QByteArray("OrvaleCrashRecord 1\n"
                          "timestamp: 1712318096\n"
@@ -32,14 +32,8 @@ TEST(CrashReportRecord, WritesTheLayoutTheHandlerWrites) {
                          "signalName: SIGABRT\n"
                          "signalCode: SI_TKILL\n"
                          "signalAddress: 0x0\n"));
-}
-
-TEST(CrashReportRecord, ReadsBackWhatItWrites) {
     for (const CrashReportRecord& record : {segfault(), uncaughtException()}) {
-        QString error;
-        const auto read = CrashReportRecord::fromData(record.toData(), &error);
-        ASSERT_TRUE(read) << error.toStdString();
-        EXPECT_EQ(*read, record);
+        EXPECT_EQ(CrashReportRecord::fromData(record.toData()), record);
     }
 }
 

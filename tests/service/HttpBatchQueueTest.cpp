@@ -83,9 +83,7 @@ TEST_F(HttpBatchQueueTest, CancelAllDropsTheRunningAndTheWaitingRequests) {
     queue.cancelAll();
     settle();
 
-    EXPECT_TRUE(finished.isEmpty());
-    EXPECT_TRUE(progress.isEmpty());
-    EXPECT_TRUE(completed.isEmpty());
+    EXPECT_TRUE(finished.isEmpty() && progress.isEmpty() && completed.isEmpty());
 
     // The queue carries on with what comes after.
     queue.enqueueBatch({item("/3")}, batchCallbacks("B"));

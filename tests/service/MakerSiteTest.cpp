@@ -44,7 +44,7 @@ public:
 
 struct VersionCase {
     const char* name;
-    std::optional<QString> remote;
+    QJsonObject document;
     bool announced;
 };
 
@@ -54,11 +54,7 @@ class UpdateCheck : public testing::TestWithParam<VersionCase> {};
 
 TEST_P(UpdateCheck, OnlyANewerVersionIsAnnounced) {
     const VersionCase& versionCase = GetParam();
-    QJsonObject document;
-    if (versionCase.remote) {
-        document.insert("version", *versionCase.remote);
-    }
-    MakerSiteHarness site(document);
+    MakerSiteHarness site(versionCase.document);
     ASSERT_TRUE(site.harness.service.isRunning());
 
     site.harness.manager.checkForKestoUpdates();
@@ -75,48 +71,44 @@ TEST_P(UpdateCheck, OnlyANewerVersionIsAnnounced) {
 // Relative to this build's version, so that a new release does not turn the cases around.
 INSTANTIATE_TEST_SUITE_P(
     Versions, UpdateCheck,
-    testing::Values(VersionCase{"Newer", ApplicationInfo::current().shortVersion + ".1", true},
-                    VersionCase{"Equal", ApplicationInfo::current().shortVersion + ".0", false},
-                    VersionCase{"Older", QStringLiteral("0.1"), false},
-                    VersionCase{"Missing", std::nullopt, false}),
+    testing::Values(
+        VersionCase{"Newer", {{"version", ApplicationInfo::current().shortVersion + ".1"}}, true},
+        VersionCase{"Equal", {{"version", ApplicationInfo::current().shortVersion + ".0"}}, false},
+        VersionCase{"Older", {{"version", "0.1"}}, false}, VersionCase{"Missing", {}, false}),
     [](const testing::TestParamInfo<VersionCase>& info) { return info.param.name; });
 
-TEST(PromotionalContent, ImageAndLinkArriveAsUserInfoWithTheStoredOrAnEmptyUid) {
-    MakerSiteHarness site(
-        {{"ad", QJsonObject{{"asset", "{base}/ads/banner.png"}, {"url", "{base}/demo"}}}});
-    ASSERT_TRUE(site.harness.service.isRunning());
+// The link comes only with an image, which an answer without one does not give either.
+TEST(PromotionalContent, ImageAndLinkArriveAsUserInfoAlongWithTheStoredOrAnEmptyUid) {
+    struct AdCase {
+        QJsonObject ad;
+        QString uid;
+        QStringList given;
+    };
+    const QString banner = "{base}/ads/banner.png";
+    const QString demo = "{base}/demo";
+    for (const AdCase& c :
+         {AdCase{{{"asset", banner}, {"url", demo}}, "", {"asset", "url"}},
+          AdCase{{{"asset", banner}}, "4f2a-9c", {"asset"}}, AdCase{{{"url", demo}}, "", {}}}) {
+        SCOPED_TRACE(c.given.join(',').toStdString());
+        MakerSiteHarness site({{"ad", c.ad}});
+        ASSERT_TRUE(site.harness.service.isRunning());
+        if (!c.uid.isEmpty()) {
+            site.harness.defaults.settings().setValue(UserDefaultsManager::kUidKey, c.uid);
+        }
+        site.harness.manager.getAds();
+        ASSERT_TRUE(waitUntil([&] { return site.log.count(kAdReady) == 1; }));
 
-    site.harness.manager.getAds();
-    ASSERT_TRUE(waitUntil([&] { return site.log.count(kAdReady) == 1; }));
-    const Notification ready = site.log.received[0];
-    EXPECT_EQ(ready.object.value<ServerManagerHTTP*>(), &site.harness.manager.serverManager());
-    EXPECT_EQ(ready.userInfo,
-              (QVariantMap{{"asset", site.harness.service.baseUrl() + "/ads/banner.png"},
-                           {"url", site.harness.service.baseUrl() + "/demo"}}));
-
-    site.harness.defaults.settings().setValue(UserDefaultsManager::kUidKey, "4f2a-9c");
-    site.harness.manager.getAds();
-    ASSERT_TRUE(waitUntil([&] { return site.log.count(kAdReady) == 2; }));
-
-    const QList<QJsonObject> requests = site.harness.service.requestsTo("ad");
-    ASSERT_EQ(requests.size(), 2);
-    EXPECT_EQ(requests[0].value("method"), "POST");
-    EXPECT_EQ(requests[0].value("body"), "uid=");
-    EXPECT_EQ(requests[1].value("body"), "uid=4f2a-9c");
-}
-
-TEST(PromotionalContent, AnswerWithoutLinkGivesTheImageOnlyAndWithoutImageNothing) {
-    MakerSiteHarness site({{"ad", QJsonObject{{"asset", "{base}/ads/banner.png"}}}});
-    ASSERT_TRUE(site.harness.service.isRunning());
-    site.harness.manager.getAds();
-    ASSERT_TRUE(waitUntil([&] { return site.log.count(kAdReady) == 1; }));
-    EXPECT_EQ(site.log.received[0].userInfo,
-              (QVariantMap{{"asset", site.harness.service.baseUrl() + "/ads/banner.png"}}));
-
-    MakerSiteHarness linkOnly({{"ad", QJsonObject{{"url", "{base}/demo"}}}});
-    linkOnly.harness.manager.getAds();
-    ASSERT_TRUE(waitUntil([&] { return linkOnly.log.count(kAdReady) == 1; }));
-    EXPECT_EQ(linkOnly.log.received.back().userInfo, QVariantMap());
+        const Notification ready = site.log.received[0];
+        EXPECT_EQ(ready.object.value<ServerManagerHTTP*>(), &site.harness.manager.serverManager());
+        QVariantMap expected;
+        for (const QString& key : c.given) {
+            expected[key] = c.ad[key].toString().replace("{base}", site.harness.service.baseUrl());
+        }
+        EXPECT_EQ(ready.userInfo, expected);
+        const QJsonObject request = site.harness.service.requestsTo("ad").value(0);
+        EXPECT_EQ(request.value("method"), "POST");
+        EXPECT_EQ(request.value("body"), "uid=" + c.uid);
+    }
 }
 
 TEST(PromotionalContent, FailureIsOnlyLogged) {

@@ -1,10 +1,9 @@
 #include <gtest/gtest.h>
 
-#include <QFile>
 #include <QRegularExpression>
-#include <QTemporaryDir>
 
 #include "service/MultipartBody.h"
+#include "support/TestMedia.h"
 
 namespace {
 
@@ -17,23 +16,15 @@ QByteArray readAll(MultipartBody& body, qint64 chunk) {
     return all;
 }
 
-QString writeFile(const QTemporaryDir& dir, const QString& name, const QByteArray& content) {
-    QFile file(dir.filePath(name));
-    file.open(QIODevice::WriteOnly);
-    file.write(content);
-    return file.fileName();
-}
-
 }  // namespace
 
 // How a body is framed is checked by the service the transport streams one to.
 TEST(MultipartBody, FilesFollowTheFieldsAndUnreachableOnesAreLeftOut) {
-    QTemporaryDir dir;
     const QByteArray source(300000, 's');
-    const QString original = writeFile(dir, "clip.mov", source);
-    MultipartBody body(
-        "B", {{"auth_token", "T"}},
-        {{"media_file", original}, {"media_file_alt", dir.filePath("vanished_proxy.mp4")}});
+    const QString original = TestMedia::textFile("clip.mov", source);
+    const QString vanished = TestMedia::scratchFolder() + "/vanished_proxy.mp4";
+    MultipartBody body("B", {{"auth_token", "T"}},
+                       {{"media_file", original}, {"media_file_alt", vanished}});
     const QByteArray all = readAll(body, 65536);
 
     EXPECT_EQ(static_cast<quint64>(all.size()), body.size());

@@ -92,12 +92,3 @@ TEST(MultipartParser, RejectsBodiesThatBreakTheFraming) {
     ASSERT_EQ(cut->sink.parts.size(), 1u);
     EXPECT_FALSE(cut->sink.parts[0].complete);
 }
-
-TEST(MultipartParser, ReadsTheBoundaryOfAMultipartContentTypeOnly) {
-    EXPECT_EQ(MultipartParser::boundaryFromContentType("multipart/form-data; boundary=Boundary+1A"),
-              "Boundary+1A");
-    EXPECT_EQ(MultipartParser::boundaryFromContentType("Multipart/Form-Data; boundary=\"a b\""),
-              "a b");
-    EXPECT_FALSE(MultipartParser::boundaryFromContentType("multipart/form-data"));
-    EXPECT_FALSE(MultipartParser::boundaryFromContentType("text/plain; boundary=x"));
-}
