@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <QJsonArray>
 #include <QProcess>
@@ -86,6 +87,18 @@ TEST_F(CrashReportLauncherTest, EnablingFailsWhenAFolderCannotBeMade) {
     QString error;
     EXPECT_FALSE(m_crashReporter.enableCrashReporter(&error));
     EXPECT_TRUE(error.contains(reporterOptions().pendingRecordFolder)) << error.toStdString();
+}
+
+TEST_F(CrashReportLauncherTest, UnreadableRecordFailsToLoadWithAReason) {
+    if (geteuid() == 0) {
+        GTEST_SKIP() << "root reads any file";
+    }
+    leaveRecord(CrashReportRecord().toData());
+    QFile::setPermissions(m_crashReporter.pendingRecordPath(), QFileDevice::Permissions());
+    QString error;
+    EXPECT_FALSE(m_crashReporter.loadPendingCrashReportData(&error));
+    EXPECT_TRUE(error.contains(m_crashReporter.pendingRecordPath())) << error.toStdString();
+    EXPECT_TRUE(m_crashReporter.purgePendingCrashReport());
 }
 
 TEST_F(CrashReportLauncherTest, RecordWaitsForAStartThatSentACrashLog) {
