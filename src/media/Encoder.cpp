@@ -102,7 +102,7 @@ void Encoder::encodeFile(const FilePtr& file) {
     }
     encoderTask_ = new QProcess(this);
     encoderTask_->setProcessChannelMode(QProcess::MergedChannels);
-    HelperProcess::dieWithParent(*encoderTask_);
+    HelperProcess::prepare(*encoderTask_);
     connect(encoderTask_, &QProcess::readyReadStandardOutput, this, &Encoder::onOutput);
     connect(encoderTask_, &QProcess::finished, this, &Encoder::onProcessEnded);
     connect(encoderTask_, &QProcess::errorOccurred, this, [this](QProcess::ProcessError error) {

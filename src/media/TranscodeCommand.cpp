@@ -19,7 +19,7 @@ const QString experimentalMark = QStringLiteral(" experimental");
 QByteArray listEncoders(const QString& helperPath) {
     QProcess process;
     process.setProcessChannelMode(QProcess::MergedChannels);
-    HelperProcess::dieWithParent(process);
+    HelperProcess::prepare(process);
     process.start(helperPath, {QStringLiteral("-encoders")});
     if (!process.waitForFinished(30000)) {
         process.kill();

@@ -16,7 +16,7 @@ constexpr int abandonCheckMilliseconds = 100;
 HelperAnswers::Reply probeAcceptsShowFormatEntry(const QString& helperPath) {
     QProcess process;
     process.setProcessChannelMode(QProcess::MergedChannels);
-    HelperProcess::dieWithParent(process);
+    HelperProcess::prepare(process);
     process.start(helperPath, {QStringLiteral("-v"), QStringLiteral("quiet"),
                                QStringLiteral("-show_format_entry"), QStringLiteral("duration"),
                                QStringLiteral("-version")});
@@ -56,7 +56,7 @@ QByteArray VideoProbe::run(const QString& helperPath, const QStringList& argumen
     QProcess process;
     process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     process.setInputChannelMode(QProcess::ForwardedInputChannel);
-    HelperProcess::dieWithParent(process);
+    HelperProcess::prepare(process);
     process.start(helperPath, arguments, QIODevice::ReadOnly);
     if (!process.waitForStarted()) {
         return {};
