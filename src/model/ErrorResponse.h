@@ -17,6 +17,8 @@ struct ErrorResponse {
 
     // From a transport error's readable description or the service's own "message".
     static Ptr fromMessage(const QString& message);
+    // What a screen shows for a failure that may have come without words.
+    static QString messageOr(const Ptr& error, const QString& fallback);
 
     QString message;
     // Set only by the login path, when the login request itself failed.

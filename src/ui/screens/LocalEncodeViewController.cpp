@@ -113,9 +113,9 @@ void LocalEncodeViewController::signUpForNotifications() {
                        [this](const Notification&) { setRightsState(true, {}); });
     center.addObserver(
         this, kNotificationDidFailLoadingPermissions, [this](const Notification& notification) {
-            const auto error = notification.object.value<ErrorResponsePtr>();
-            setRightsState(false, error && !error->message.isEmpty() ? error->message
-                                                                     : QStringLiteral("no answer"));
+            setRightsState(false,
+                           ErrorResponse::messageOr(notification.object.value<ErrorResponsePtr>(),
+                                                    QStringLiteral("no answer")));
         });
     center.addObserver(this, kNotificationDidFinishLoggingOut,
                        [this](const Notification&) { setRightsState(false, {}); });

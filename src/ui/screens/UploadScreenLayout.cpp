@@ -80,7 +80,6 @@ void UploadScreenLayout::fillPopupWithNames(QComboBox& popup, const QStringList&
 }
 
 QString UploadScreenLayout::failureText(const Notification& notification) {
-    const auto error = notification.object.value<ErrorResponsePtr>();
-    return error && !error->message.isEmpty() ? error->message
-                                              : QStringLiteral("The service did not answer.");
+    return ErrorResponse::messageOr(notification.object.value<ErrorResponsePtr>(),
+                                    QStringLiteral("The service did not answer."));
 }

@@ -41,8 +41,10 @@ public:
         }
         fillPopupWithNames(popup, names, status, emptyNote);
     }
-    static void fillPopupWithNames(QComboBox& popup, const QStringList& names,
-                                   LoadingStatusView& status, const QString& emptyNote);
     // The service's message of a failed catalogue load.
     static QString failureText(const Notification& notification);
+
+private:
+    static void fillPopupWithNames(QComboBox& popup, const QStringList& names,
+                                   LoadingStatusView& status, const QString& emptyNote);
 };

@@ -21,8 +21,9 @@ SignInSheet::SignInSheet(DataManager& dataManager, QWidget* parent)
     NotificationCenter& center = NotificationCenter::defaultCenter();
     center.addObserver(this, kNotificationDidFinishLoggingIn,
                        [this](const Notification&) { didFinishLoggingIn(); });
-    center.addObserver(this, kNotificationDidFailLoggingIn,
-                       [this](const Notification& notification) { didFailLoggingIn(notification); });
+    center.addObserver(
+        this, kNotificationDidFailLoggingIn,
+        [this](const Notification& notification) { didFailLoggingIn(notification); });
     fillInRememberedUser();
 }
 
@@ -81,10 +82,8 @@ void SignInSheet::didFailLoggingIn(const Notification& notification) {
     }
     ui_->passwordField->clear();
     setWaiting(false);
-    const auto error = notification.object.value<ErrorResponsePtr>();
-    showMessage(error && !error->message.isEmpty()
-                    ? error->message
-                    : QStringLiteral("The service refused without saying why."),
+    showMessage(ErrorResponse::messageOr(notification.object.value<ErrorResponsePtr>(),
+                                         QStringLiteral("The service refused without saying why.")),
                 true);
     ui_->passwordField->setFocus();
 }
@@ -101,17 +100,17 @@ void SignInSheet::reject() {
 
 void SignInSheet::setWaiting(bool waiting) {
     waiting_ = waiting;
-    for (QWidget* input : std::initializer_list<QWidget*>{
-             ui_->addressField, ui_->usernameField, ui_->passwordField, ui_->rememberCheckbox,
-             signInButton()}) {
+    for (QWidget* input :
+         std::initializer_list<QWidget*>{ui_->addressField, ui_->usernameField, ui_->passwordField,
+                                         ui_->rememberCheckbox, signInButton()}) {
         input->setEnabled(!waiting);
     }
 }
 
 void SignInSheet::showMessage(const QString& message, bool isProblem) {
     ui_->messageLabel->setStyleSheet(
-        QStringLiteral("color: %1;").arg(isProblem ? QStringLiteral("#c0392b")
-                                                   : QStringLiteral("#8a9199")));
+        QStringLiteral("color: %1;")
+            .arg(isProblem ? QStringLiteral("#c0392b") : QStringLiteral("#8a9199")));
     ui_->messageLabel->setText(message);
     ui_->messageLabel->show();
 }
