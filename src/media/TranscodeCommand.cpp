@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "media/HelperAnswers.h"
+#include "model/OutputSizeEstimate.h"
 #include "platform/HelperProcess.h"
 
 namespace {
@@ -98,6 +99,8 @@ QStringList TranscodeCommand::arguments(const File& file, const QString& outputP
     if (audioEncoder.experimental) {
         args << QStringLiteral("-strict") << QStringLiteral("experimental");
     }
-    args << QStringLiteral("-b:a") << QStringLiteral("128k") << QStringLiteral("-y") << outputPath;
+    args << QStringLiteral("-b:a")
+         << QStringLiteral("%1k").arg(OutputSizeEstimate::kAudioBitrateKbps) << QStringLiteral("-y")
+         << outputPath;
     return args;
 }

@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include "media/TranscodeCommand.h"
 #include "model/FileListTexts.h"
 #include "model/OutputSizeEstimate.h"
 #include "support/VideoFile.h"
@@ -52,17 +51,6 @@ TEST(OutputSizeEstimate, BandsTheEncodeBetweenItsBitratesWithTheAudio) {
     EXPECT_EQ(OutputSizeEstimate::forUntouched(5240000).text(kEnglish), "5.2 MB");
     EXPECT_EQ(OutputSizeEstimate::forUntouched(1677600000).text(QLocale(QLocale::German)),
               "1,7 GB");
-}
-
-TEST(OutputSizeEstimate, CountsTheAudioAtTheBitrateTheEncodeGivesIt) {
-    File file(QUrl::fromLocalFile(QStringLiteral("/clips/a.mov")));
-    file.videoDetail = std::make_shared<VideoDetail>();
-    const QStringList arguments = TranscodeCommand::arguments(file, QStringLiteral("/out.mp4"),
-                                                              {QStringLiteral("aac"), false});
-    const qsizetype audio = arguments.indexOf(QStringLiteral("-b:a"));
-    ASSERT_GE(audio, 0);
-    EXPECT_EQ(arguments.at(audio + 1),
-              QStringLiteral("%1k").arg(OutputSizeEstimate::kAudioBitrateKbps));
 }
 
 TEST(FileListTexts, TellsDurationsOnTheClockAndInWords) {
