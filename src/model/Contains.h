@@ -4,8 +4,7 @@
 #include <limits>
 
 // Substring search with a single not-found marker, so that callers can chain a search into a
-// slice (the progress reader takes the text behind "time=" up to the next blank).
-// An empty substring is never found.
+// slice. An empty substring is never found.
 class Contains {
 public:
     static constexpr qsizetype NotFound = std::numeric_limits<qsizetype>::max();

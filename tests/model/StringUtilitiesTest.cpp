@@ -28,27 +28,6 @@ TEST(Contains, FindsTheFirstOccurrence) {
     }
 }
 
-TEST(Contains, SubstringFromIndexIsRobustAtTheEdges) {
-    struct Row {
-        qsizetype index;
-        QString separator;
-        QString expected;
-    };
-    const QString text = QStringLiteral("time=00:01 x");
-    const Row rows[] = {{5, " ", "00:01"},
-                        {5, ";", "00:01 x"},
-                        {5, "", "00:01 x"},
-                        {10, " ", ""},
-                        {11, " ", "x"},
-                        {12, " ", ""},
-                        {Contains::NotFound, " ", ""},
-                        {-1, " ", ""}};
-    for (const Row& row : rows) {
-        EXPECT_EQ(Contains::substringFromIndex(text, row.index, row.separator), row.expected)
-            << row.index;
-    }
-}
-
 TEST(TrimmingAdditions, TrimsOneEndOnly) {
     struct Row {
         QString text;
